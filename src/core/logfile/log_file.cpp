@@ -1,0 +1,90 @@
+#include "logfile/log_file.h"
+
+#include <filesystem>
+#include <fstream>
+
+#include "sequence/sequence_file.h"
+#include "session/clock.h"
+
+namespace tessarin {
+namespace {
+
+constexpr const char* kDefaultLogName = "LogFile.log";
+
+std::string Trim(const std::string& text) {
+    const auto first = text.find_first_not_of(' ');
+    if (first == std::string::npos) return "";
+    return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+}  // namespace
+
+std::string JoinPath(const std::string& folder, const std::string& name) {
+    if (folder.empty() || folder.back() == '/') return folder + name;
+    return folder + "/" + name;
+}
+
+std::string LogFilePath(Session& session) {
+    LogTarget& log = session.log();
+    if (log.name.empty()) log.name = kDefaultLogName;
+    const std::string& folder = log.folder.empty() ? session.program_folder() : log.folder;
+    return folder + log.name;
+}
+
+void OpenLogFile(Session& session, int keep) {
+    LogTarget& log = session.log();
+    const std::string& folder = log.folder.empty() ? session.program_folder() : log.folder;
+    if (!FileExists(folder, log.name)) return;
+    if (keep == 1) {
+        DeleteFile(folder, log.name);
+        return;
+    }
+    const std::string base = FileBaseName(log.name);
+    for (long long n = 1;; ++n) {
+        const std::string candidate = base + "_" + std::to_string(n) + ".log";
+        if (!FileExists(folder, candidate)) {
+            log.name = candidate;
+            return;
+        }
+    }
+}
+
+void WriteLogLine(Session& session, const std::string& text) {
+    const std::string path = LogFilePath(session);
+    std::ofstream file(path, std::ios::binary | std::ios::app);
+    file << text << "\r\n";
+    file.close();
+    if (!file) throw LogFileError("Cannot write the report file " + path);
+}
+
+void PrintLine(Session& session, const std::string& text) {
+    session.host().PrintMainLine(text);
+    WriteLogLine(session, text);
+}
+
+void ShowLogFile(Session& session) { session.host().ShowFile(LogFilePath(session)); }
+
+void StartReportLog(Session& session, const std::string& log_name, const std::string& title) {
+    const CurrentSequence& sequence = session.sequence();
+    session.log() = LogTarget{log_name, sequence.folder};
+    OpenLogFile(session, 0);
+    WriteLogLine(session, kVersionLine);
+    WriteLogLine(session, title + "  - " + DateTimeText());
+    WriteLogLine(session, "Sequence " + sequence.folder + sequence.file_name);
+    WriteLogLine(session, "");
+}
+
+bool FileExists(const std::string& folder, const std::string& name) {
+    const std::string trimmed_name = Trim(name);
+    if (trimmed_name.empty()) return false;
+    const std::string trimmed_folder = Trim(folder);
+    std::error_code error;
+    return std::filesystem::is_regular_file(JoinPath(trimmed_folder, trimmed_name), error);
+}
+
+void DeleteFile(const std::string& folder, const std::string& name) {
+    std::error_code error;
+    std::filesystem::remove(JoinPath(folder, name), error);
+}
+
+}  // namespace tessarin

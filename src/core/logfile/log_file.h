@@ -1,0 +1,49 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+#include "session/session.h"
+
+namespace tessarin {
+
+inline constexpr const char* kVersionLine = "TESSARIN Version 1.7";
+inline constexpr const char* kMessageTitle = "TESSARIN";
+// The scratch log of the display and editing commands, kept in the program's folder.
+inline constexpr const char* kScratchLogName = "$logfile.$$$";
+
+// A log that could not be written; the running command ends with this message.
+class LogFileError : public std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
+// folder + name, with a separator added when the folder has none (empty folder: the name alone).
+std::string JoinPath(const std::string& folder, const std::string& name);
+
+// Makes the current log name usable: with keep = 1 an existing file is deleted; otherwise an
+// existing name is replaced by the first free "<base>_<n>.log" (n = 1, 2, ...).
+void OpenLogFile(Session& session, int keep);
+
+// Appends one line, ended by CR LF, to the current log: open, write, close, so a report is
+// complete on disk up to its last line whatever happens later.
+void WriteLogLine(Session& session, const std::string& text);
+
+// A main-window line that is also appended to the log.
+void PrintLine(Session& session, const std::string& text);
+
+// Shows the current log in a text window.
+void ShowLogFile(Session& session);
+
+// The path WriteLogLine appends to.
+std::string LogFilePath(Session& session);
+
+// Names the log, finds a free name for it and writes the report header: the version line,
+// the title with the date and time, the sequence's folder and name, and an empty line.
+void StartReportLog(Session& session, const std::string& log_name, const std::string& title);
+
+// True when the trimmed name is not empty and such a file exists in the trimmed folder
+// (the current directory when empty).
+bool FileExists(const std::string& folder, const std::string& name);
+void DeleteFile(const std::string& folder, const std::string& name);
+
+}  // namespace tessarin

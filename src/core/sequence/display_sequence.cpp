@@ -1,0 +1,21 @@
+#include "sequence/display_sequence.h"
+
+#include "logfile/log_file.h"
+#include "sequence/sequence_file.h"
+#include "sequence/sequence_summary.h"
+
+namespace tessarin {
+
+Outcome DisplaySequenceFile(Session& session) {
+    if (ChooseInputSequence(session) == 0) return Outcome::kRefused;
+    session.log() = LogTarget{kScratchLogName, session.program_folder()};
+    OpenLogFile(session, 1);
+    Host& host = session.host();
+    host.ClearMainWindow();
+    host.PrintMainLine("Display Sequence File");
+    host.PrintMainLine("Sequence " + session.sequence().file_name);
+    SequenceSummary(session, session.sequence().text, true);
+    return Outcome::kCompleted;
+}
+
+}  // namespace tessarin

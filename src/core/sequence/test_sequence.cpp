@@ -1,0 +1,26 @@
+#include "sequence/test_sequence.h"
+
+#include <fstream>
+
+#include "logfile/log_file.h"
+#include "sequence/sequence_file.h"
+
+namespace tessarin {
+
+std::string RandomTestSequence(Session& session, int length) {
+    static constexpr char kLetters[] = "ABCD";
+    std::string text(static_cast<std::size_t>(length), ' ');
+    for (char& c : text) c = kLetters[session.random().Index(4) - 1];
+    return text;
+}
+
+Outcome CreateTestSequence(Session& session) {
+    const std::string path = JoinPath(session.program_folder(), "test.txt");
+    std::ofstream file(path, std::ios::binary | std::ios::trunc);
+    file << RandomTestSequence(session, kTestSequenceLength) << "\r\n";
+    file.close();
+    if (!file) throw SequenceFileError("Cannot write the test sequence " + path);
+    return Outcome::kCompleted;
+}
+
+}  // namespace tessarin

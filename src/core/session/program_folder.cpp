@@ -1,0 +1,43 @@
+#include "session/program_folder.h"
+
+#include <unistd.h>
+
+#include <cstdlib>
+#include <filesystem>
+
+namespace tessarin {
+namespace {
+
+std::string WithSeparator(std::string folder) {
+    if (folder.empty() || folder.back() != '/') folder += '/';
+    return folder;
+}
+
+std::string UserDataFolder() {
+    const char* xdg = std::getenv("XDG_DATA_HOME");
+    const char* home = std::getenv("HOME");
+    std::filesystem::path base = (xdg != nullptr && *xdg != '\0') ? std::filesystem::path(xdg)
+                                 : home != nullptr ? std::filesystem::path(home) / ".local/share"
+                                                   : std::filesystem::temp_directory_path();
+    const std::filesystem::path folder = base / "tessarin";
+    std::error_code error;
+    std::filesystem::create_directories(folder, error);
+    return WithSeparator(folder.string());
+}
+
+}  // namespace
+
+std::string ExecutableFolder() {
+    std::error_code error;
+    const std::filesystem::path executable = std::filesystem::read_symlink("/proc/self/exe", error);
+    if (error) return WithSeparator(std::filesystem::current_path(error).string());
+    return WithSeparator(executable.parent_path().string());
+}
+
+std::string DefaultProgramFolder() {
+    const std::string folder = ExecutableFolder();
+    if (access(folder.c_str(), W_OK) == 0) return folder;
+    return UserDataFolder();
+}
+
+}  // namespace tessarin

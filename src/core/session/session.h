@@ -1,0 +1,72 @@
+#pragma once
+
+#include <atomic>
+#include <functional>
+#include <string>
+
+#include "sequence/current_sequence.h"
+#include "session/host.h"
+#include "session/progress.h"
+#include "session/random_generator.h"
+
+namespace tessarin {
+
+// The log that WriteLogLine appends to: folder and name are joined with nothing between.
+struct LogTarget {
+    std::string name;
+    std::string folder;
+};
+
+// Method code and options word of the grammar options form, kept between runs.
+struct GrammarSettings {
+    int method = 0;
+    int options = 0;
+};
+
+// Everything that lives as long as the program: the current sequence, the current log, the
+// settings, the random generator and the user abort flag. One object is passed explicitly to
+// every command, so tests can make fresh ones.
+class Session {
+public:
+    Session(Host& host, std::string program_folder);
+
+    Host& host() const { return host_; }
+    // The program's folder, ending with the path separator.
+    const std::string& program_folder() const { return program_folder_; }
+
+    CurrentSequence& sequence() { return sequence_; }
+    LogTarget& log() { return log_; }
+    GrammarSettings& grammar_settings() { return grammar_settings_; }
+    RandomGenerator& random() { return random_; }
+
+    // The user abort flag: set by a key press (from any thread), cleared by each command.
+    bool Aborted() const { return abort_flag_.load() != 0; }
+    void RequestAbort() { abort_flag_.store(1); }
+    void ClearAbort() { abort_flag_.store(0); }
+
+    // Progress display with cancel: fraction 0 starts it, 1 ends it; in between the caption is
+    // updated at most every 0.1 s. Answers whether the user has cancelled.
+    bool Busy(const std::string& text, float fraction);
+    // Busy as a callback for the computations that know nothing of the session.
+    ProgressFn Progress();
+
+    // Ends a command: "User Abort" when cancelled, otherwise the time since `start_time`.
+    void FinalNote(double start_time);
+
+    // Seconds since midnight; tests replace the clock.
+    double Now() const { return clock_(); }
+    void SetClock(std::function<double()> clock) { clock_ = std::move(clock); }
+
+private:
+    Host& host_;
+    std::string program_folder_;
+    CurrentSequence sequence_;
+    LogTarget log_;
+    GrammarSettings grammar_settings_;
+    RandomGenerator random_;
+    std::atomic<int> abort_flag_{0};
+    double last_progress_update_ = -1;
+    std::function<double()> clock_;
+};
+
+}  // namespace tessarin
