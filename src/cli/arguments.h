@@ -21,8 +21,8 @@ struct Arguments {
     std::optional<std::uint64_t> seed;
     std::optional<std::string> program_dir;
     std::string command;
-    std::set<std::string> flags;                  // "--positions"
-    std::map<std::string, std::string> options;   // "--method" -> "gain"
+    std::set<std::string> flags;                 // "--positions"
+    std::map<std::string, std::string> options;  // "--method" -> "gain"
     std::vector<std::string> files;
 
     bool Has(const std::string& flag) const { return flags.count(flag) != 0; }

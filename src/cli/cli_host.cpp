@@ -8,7 +8,9 @@
 namespace tessarin {
 namespace {
 
-bool StderrIsTerminal() { return isatty(STDERR_FILENO) == 1; }
+bool StderrIsTerminal() {
+    return isatty(STDERR_FILENO) == 1;
+}
 
 }  // namespace
 
@@ -20,9 +22,13 @@ void CliHost::QueueFile(const std::string& path) {
     files_.push_back(FileChoice{folder, absolute.filename().string()});
 }
 
-void CliHost::QueueInput(const std::string& answer) { inputs_.push_back(answer); }
+void CliHost::QueueInput(const std::string& answer) {
+    inputs_.push_back(answer);
+}
 
-void CliHost::PrintMainLine(const std::string& line) { std::cout << line << '\n' << std::flush; }
+void CliHost::PrintMainLine(const std::string& line) {
+    std::cout << line << '\n' << std::flush;
+}
 
 void CliHost::ShowProgress(const std::string& caption) {
     if (!StderrIsTerminal()) return;

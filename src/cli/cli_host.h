@@ -10,7 +10,7 @@ namespace tessarin {
 // The command line's side of the host: main-window lines on stdout, progress on stderr when it
 // is a terminal, messages on stderr. Dialogs are answered from what the command line was given.
 class CliHost : public Host {
-public:
+  public:
     // Answers for the next file dialogs and input boxes, in order; when none is left a file
     // dialog is cancelled and an input box takes its default.
     void QueueFile(const std::string& path);
@@ -32,7 +32,7 @@ public:
     void ShowFile(const std::string& path) override;
     void ShowText(const std::string&, const std::string&) override {}
 
-private:
+  private:
     std::deque<FileChoice> files_;
     std::deque<std::string> inputs_;
     int messages_shown_ = 0;

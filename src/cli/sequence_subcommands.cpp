@@ -9,13 +9,22 @@ namespace tessarin {
 
 std::vector<Subcommand> SequenceSubcommands() {
     return {
-        {"display", "display FILE", "length, alphabet and symbol entropy of a sequence file", {}, {}, 1,
+        {"display",
+         "display FILE",
+         "length, alphabet and symbol entropy of a sequence file",
+         {},
+         {},
+         1,
          [](Session& session, CliHost& host, const Arguments& arguments) {
              host.QueueFile(arguments.files[0]);
              return RunCommand(session, DisplaySequenceFile);
          }},
-        {"test-sequence", "test-sequence", "write 40000 random symbols over ABCD to test.txt in the program folder",
-         {}, {}, 0,
+        {"test-sequence",
+         "test-sequence",
+         "write 40000 random symbols over ABCD to test.txt in the program folder",
+         {},
+         {},
+         0,
          [](Session& session, CliHost&, const Arguments&) {
              const Outcome outcome = RunCommand(session, CreateTestSequence);
              if (outcome == Outcome::kCompleted) {

@@ -6,7 +6,8 @@ const std::vector<Subcommand>& Subcommands() {
     static const std::vector<Subcommand> all = [] {
         std::vector<Subcommand> list;
         for (auto group : {SequenceSubcommands}) {
-            for (Subcommand& subcommand : group()) list.push_back(std::move(subcommand));
+            for (Subcommand& subcommand : group())
+                list.push_back(std::move(subcommand));
         }
         return list;
     }();

@@ -11,7 +11,7 @@ using testing::RunProgram;
 using testing::TempFolder;
 
 class CliDisplayTest : public ::testing::Test {
-protected:
+  protected:
     TempFolder program_;
     TempFolder data_;
 
@@ -37,27 +37,28 @@ TEST_P(CliDisplayCasesTest, PrintsTitleAndSummaryAndRewritesTheScratchLog) {
     const ProgramResult result = Cli("display " + Quoted(data_.Path(c.name)));
     EXPECT_EQ(result.status, 0) << result.err;
     std::string expected_out = std::string("Display Sequence File\nSequence ") + c.name + "\n" + c.summary;
-    for (std::size_t at; (at = expected_out.find("\r\n")) != std::string::npos;) expected_out.erase(at, 1);
+    for (std::size_t at; (at = expected_out.find("\r\n")) != std::string::npos;)
+        expected_out.erase(at, 1);
     EXPECT_EQ(result.out, expected_out);
     EXPECT_EQ(program_.Read("$logfile.$$$"), c.summary);
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Files, CliDisplayCasesTest,
-    ::testing::Values(
-        DisplayCase{"crlf.txt", "ACGT\r\nTTGA\r\n",
-                    "Sequence Length = 8\r\nAlphabet Size = 4 letters\r\nAlphabet: ACGT\r\n\r\n"
-                    "Entropy H1 = - Sum P*Log(P) = .9528195\r\n"},
-        DisplayCase{"lf.txt", "AABB\nAB\n",
-                    "Sequence Length = 6\r\nAlphabet Size = 2 letters\r\nAlphabet: AB\r\n\r\n"
-                    "Entropy H1 = - Sum P*Log(P) = 1\r\n"},
-        DisplayCase{"cr.txt", "aA \rb.1\r",
-                    "Sequence Length = 6\r\nAlphabet Size = 6 letters\r\nAlphabet:  .1Aab\r\n\r\n"
-                    "Entropy H1 = - Sum P*Log(P) = 1\r\n"},
-        DisplayCase{"one.txt", "A",
-                    "Sequence Length = 1\r\nAlphabet Size = 1 letters\r\nAlphabet: A\r\n\r\n"
-                    "Entropy H1 = - Sum P*Log(P) = 0\r\n"}),
-    [](const ::testing::TestParamInfo<DisplayCase>& info) { std::string name = info.param.name;
+    ::testing::Values(DisplayCase{"crlf.txt", "ACGT\r\nTTGA\r\n",
+                                  "Sequence Length = 8\r\nAlphabet Size = 4 letters\r\nAlphabet: ACGT\r\n\r\n"
+                                  "Entropy H1 = - Sum P*Log(P) = .9528195\r\n"},
+                      DisplayCase{"lf.txt", "AABB\nAB\n",
+                                  "Sequence Length = 6\r\nAlphabet Size = 2 letters\r\nAlphabet: AB\r\n\r\n"
+                                  "Entropy H1 = - Sum P*Log(P) = 1\r\n"},
+                      DisplayCase{"cr.txt", "aA \rb.1\r",
+                                  "Sequence Length = 6\r\nAlphabet Size = 6 letters\r\nAlphabet:  .1Aab\r\n\r\n"
+                                  "Entropy H1 = - Sum P*Log(P) = 1\r\n"},
+                      DisplayCase{"one.txt", "A",
+                                  "Sequence Length = 1\r\nAlphabet Size = 1 letters\r\nAlphabet: A\r\n\r\n"
+                                  "Entropy H1 = - Sum P*Log(P) = 0\r\n"}),
+    [](const ::testing::TestParamInfo<DisplayCase>& info) {
+        std::string name = info.param.name;
         return name.substr(0, name.find('.'));
     });
 

@@ -30,7 +30,8 @@ inline ProgramResult RunProgram(const std::string& command_line) {
 // A word quoted for the shell.
 inline std::string Quoted(const std::string& word) {
     std::string quoted = "'";
-    for (const char c : word) quoted += (c == '\'') ? std::string("'\\''") : std::string(1, c);
+    for (const char c : word)
+        quoted += (c == '\'') ? std::string("'\\''") : std::string(1, c);
     return quoted + "'";
 }
 

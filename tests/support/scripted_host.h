@@ -10,14 +10,14 @@ namespace tessarin::testing {
 
 // A host for tests: records what the analyses show and answers dialogs from a script.
 class ScriptedHost : public Host {
-public:
-    std::vector<std::string> lines;      // main-window lines, cleared by ClearMainWindow
-    std::vector<std::string> captions;   // progress captions, in order
-    std::vector<std::string> messages;   // message box texts
-    std::vector<std::string> shown;      // files and text captions shown in text windows
-    std::deque<FileChoice> files;        // answers of the next file dialogs
-    std::deque<std::string> inputs;      // answers of the next input boxes (default when empty)
-    std::deque<bool> answers;            // answers of the next yes/no questions (no when empty)
+  public:
+    std::vector<std::string> lines;     // main-window lines, cleared by ClearMainWindow
+    std::vector<std::string> captions;  // progress captions, in order
+    std::vector<std::string> messages;  // message box texts
+    std::vector<std::string> shown;     // files and text captions shown in text windows
+    std::deque<FileChoice> files;       // answers of the next file dialogs
+    std::deque<std::string> inputs;     // answers of the next input boxes (default when empty)
+    std::deque<bool> answers;           // answers of the next yes/no questions (no when empty)
     int begin_count = 0;
     int end_count = 0;
 
@@ -38,7 +38,7 @@ public:
     void ShowFile(const std::string& path) override { shown.push_back(path); }
     void ShowText(const std::string& caption, const std::string&) override { shown.push_back(caption); }
 
-private:
+  private:
     template <typename T>
     static T Pop(std::deque<T>& queue, T fallback) {
         if (queue.empty()) return fallback;

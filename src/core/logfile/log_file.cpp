@@ -62,7 +62,9 @@ void PrintLine(Session& session, const std::string& text) {
     WriteLogLine(session, text);
 }
 
-void ShowLogFile(Session& session) { session.host().ShowFile(LogFilePath(session)); }
+void ShowLogFile(Session& session) {
+    session.host().ShowFile(LogFilePath(session));
+}
 
 void StartReportLog(Session& session, const std::string& log_name, const std::string& title) {
     const CurrentSequence& sequence = session.sequence();

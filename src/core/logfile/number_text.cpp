@@ -22,7 +22,8 @@ void SignificantDigits(double magnitude, int significant, std::string* digits, i
     for (std::size_t i = 0; i < e; ++i) {
         if (text[i] != '.') digits->push_back(text[i]);
     }
-    while (digits->size() > 1 && digits->back() == '0') digits->pop_back();
+    while (digits->size() > 1 && digits->back() == '0')
+        digits->pop_back();
 }
 
 std::string FloatingText(double value, int significant) {
@@ -50,11 +51,17 @@ std::string FloatingText(double value, int significant) {
 
 }  // namespace
 
-std::string IntegerText(long long value) { return (value < 0 ? "" : " ") + std::to_string(value); }
+std::string IntegerText(long long value) {
+    return (value < 0 ? "" : " ") + std::to_string(value);
+}
 
-std::string SingleText(float value) { return FloatingText(static_cast<double>(value), 7); }
+std::string SingleText(float value) {
+    return FloatingText(static_cast<double>(value), 7);
+}
 
-std::string DoubleText(double value) { return FloatingText(value, 15); }
+std::string DoubleText(double value) {
+    return FloatingText(value, 15);
+}
 
 std::string FixedDecimalsText(double value, int decimals) {
     char buffer[400];

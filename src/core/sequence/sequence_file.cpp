@@ -21,7 +21,9 @@ std::string ReadTextFile(const std::string& folder, const std::string& name) {
     return text;
 }
 
-std::string FileBaseName(const std::string& name) { return name.substr(0, name.find('.')); }
+std::string FileBaseName(const std::string& name) {
+    return name.substr(0, name.find('.'));
+}
 
 std::string ChooseSequenceFile(Session& session) {
     CurrentSequence& sequence = session.sequence();

@@ -10,7 +10,8 @@ namespace tessarin {
 std::string RandomTestSequence(Session& session, int length) {
     static constexpr char kLetters[] = "ABCD";
     std::string text(static_cast<std::size_t>(length), ' ');
-    for (char& c : text) c = kLetters[session.random().Index(4) - 1];
+    for (char& c : text)
+        c = kLetters[session.random().Index(4) - 1];
     return text;
 }
 

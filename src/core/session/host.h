@@ -16,7 +16,7 @@ enum class FileDialogKind { kOpen, kSave };
 // The only way the analyses reach the user. The desktop program, the command line and the
 // tests each implement it, so every analysis runs the same way under all three.
 class Host {
-public:
+  public:
     virtual ~Host() = default;
 
     // A result line on the main window.

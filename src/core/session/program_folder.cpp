@@ -17,8 +17,8 @@ std::string UserDataFolder() {
     const char* xdg = std::getenv("XDG_DATA_HOME");
     const char* home = std::getenv("HOME");
     std::filesystem::path base = (xdg != nullptr && *xdg != '\0') ? std::filesystem::path(xdg)
-                                 : home != nullptr ? std::filesystem::path(home) / ".local/share"
-                                                   : std::filesystem::temp_directory_path();
+                                 : home != nullptr                ? std::filesystem::path(home) / ".local/share"
+                                                                  : std::filesystem::temp_directory_path();
     const std::filesystem::path folder = base / "tessarin";
     std::error_code error;
     std::filesystem::create_directories(folder, error);

@@ -10,6 +10,8 @@ namespace tessarin {
 using ProgressFn = std::function<bool(const std::string& text, float fraction)>;
 
 // A progress callback that shows nothing and never cancels.
-inline bool NoProgress(const std::string&, float) { return false; }
+inline bool NoProgress(const std::string&, float) {
+    return false;
+}
 
 }  // namespace tessarin

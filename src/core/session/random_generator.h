@@ -8,7 +8,7 @@ namespace tessarin {
 // The program's one random generator: uniform numbers in [0, 1), the same stream on every
 // platform for a given seed (so `--seed` reproduces a run).
 class RandomGenerator {
-public:
+  public:
     explicit RandomGenerator(std::uint64_t seed = 0) : engine_(seed) {}
 
     void Seed(std::uint64_t seed) { engine_.seed(seed); }
@@ -19,7 +19,7 @@ public:
     // A random index in 1..m: the integer part of r * m, plus 1.
     int Index(int m) { return static_cast<int>(Next() * m) + 1; }
 
-private:
+  private:
     std::mt19937_64 engine_;
 };
 

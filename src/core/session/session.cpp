@@ -11,7 +11,9 @@ namespace {
 constexpr double kProgressInterval = 0.1;  // seconds between caption updates
 constexpr double kSecondsPerDay = 86400;
 
-double RoundTo2Decimals(double value) { return std::round(value * 100.0) / 100.0; }
+double RoundTo2Decimals(double value) {
+    return std::round(value * 100.0) / 100.0;
+}
 
 }  // namespace
 
@@ -52,7 +54,8 @@ void Session::FinalNote(double start_time) {
         return;
     }
     double elapsed = Now() - start_time;
-    while (elapsed < 0) elapsed += kSecondsPerDay;  // a run across midnight
+    while (elapsed < 0)
+        elapsed += kSecondsPerDay;  // a run across midnight
     host_.PrintMainLine("Time needed =" + DoubleText(RoundTo2Decimals(elapsed)) + " sec");
 }
 

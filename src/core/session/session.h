@@ -27,7 +27,7 @@ struct GrammarSettings {
 // settings, the random generator and the user abort flag. One object is passed explicitly to
 // every command, so tests can make fresh ones.
 class Session {
-public:
+  public:
     Session(Host& host, std::string program_folder);
 
     Host& host() const { return host_; }
@@ -57,7 +57,7 @@ public:
     double Now() const { return clock_(); }
     void SetClock(std::function<double()> clock) { clock_ = std::move(clock); }
 
-private:
+  private:
     Host& host_;
     std::string program_folder_;
     CurrentSequence sequence_;

@@ -14,7 +14,7 @@ using testing::ScriptedHost;
 using testing::TempFolder;
 
 class LogFileTest : public ::testing::Test {
-protected:
+  protected:
     TempFolder program_;
     TempFolder data_;
     ScriptedHost host_;
@@ -53,10 +53,11 @@ TEST_F(LogFileTest, ReportHeaderNamesVersionTitleDateAndSequence) {
     session_.sequence().file_name = "dna.b.txt";
     StartReportLog(session_, "dna.log", "Compute Grammar Complexity");
     const std::string log = data_.Read("dna.log");
-    EXPECT_TRUE(std::regex_match(log, std::regex("TESSARIN Version 1\\.7\r\n"
-                                                 "Compute Grammar Complexity  - \\d{4}-\\d\\d-\\d\\d \\d\\d:\\d\\d:\\d\\d\r\n"
-                                                 "Sequence " +
-                                                 data_.Folder() + "dna\\.b\\.txt\r\n\r\n")))
+    EXPECT_TRUE(
+        std::regex_match(log, std::regex("TESSARIN Version 1\\.7\r\n"
+                                         "Compute Grammar Complexity  - \\d{4}-\\d\\d-\\d\\d \\d\\d:\\d\\d:\\d\\d\r\n"
+                                         "Sequence " +
+                                         data_.Folder() + "dna\\.b\\.txt\r\n\r\n")))
         << log;
 }
 

@@ -14,7 +14,7 @@ using testing::ScriptedHost;
 using testing::TempFolder;
 
 class SequenceSummaryTest : public ::testing::Test {
-protected:
+  protected:
     TempFolder folder_;
     ScriptedHost host_;
     Session session_{host_, folder_.Folder()};

@@ -11,7 +11,7 @@ namespace {
 using testing::ScriptedHost;
 
 class SessionTest : public ::testing::Test {
-protected:
+  protected:
     ScriptedHost host_;
     Session session_{host_, "/tmp"};
     double now_ = 100;
@@ -21,7 +21,9 @@ protected:
     }
 };
 
-TEST_F(SessionTest, ProgramFolderEndsWithSeparator) { EXPECT_EQ(session_.program_folder(), "/tmp/"); }
+TEST_F(SessionTest, ProgramFolderEndsWithSeparator) {
+    EXPECT_EQ(session_.program_folder(), "/tmp/");
+}
 
 TEST_F(SessionTest, BusyUpdatesTheCaptionAtMostEveryTenthOfASecond) {
     session_.Busy("Find Words len = 3", 0);
