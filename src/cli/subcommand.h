@@ -26,5 +26,7 @@ const std::vector<Subcommand>& Subcommands();
 
 // The subcommands of each subject, gathered by Subcommands().
 std::vector<Subcommand> SequenceSubcommands();
+std::vector<Subcommand> GrammarSubcommands();
+std::vector<Subcommand> SubwordSubcommands();
 
 }  // namespace tessarin

@@ -29,30 +29,32 @@ void SignificantDigits(double magnitude, int significant, std::string* digits, i
 std::string FloatingText(double value, int significant) {
     if (std::isnan(value)) return " NaN";
     if (std::isinf(value)) return value > 0 ? " Infinity" : "-Infinity";
-    const std::string sign = value < 0 ? "-" : " ";
     if (value == 0) return " 0";
 
     std::string digits;
     int exponent = 0;
     SignificantDigits(std::fabs(value), significant, &digits, &exponent);
 
+    // Built by appending: GCC 12 warns falsely (-Wrestrict) on "literal" + temporary string.
+    std::string text(1, value < 0 ? '-' : ' ');
     if (exponent < -4 || exponent >= significant) {
-        std::string mantissa = digits.substr(0, 1);
-        if (digits.size() > 1) mantissa += "." + digits.substr(1);
+        text.append(digits, 0, 1);
+        if (digits.size() > 1) text.append(".").append(digits, 1);
         char exponent_text[16];
         std::snprintf(exponent_text, sizeof exponent_text, "E%c%02d", exponent < 0 ? '-' : '+', std::abs(exponent));
-        return sign + mantissa + exponent_text;
+        return text.append(exponent_text);
     }
-    if (exponent < 0) return sign + "." + std::string(-exponent - 1, '0') + digits;
+    if (exponent < 0) return text.append(".").append(static_cast<std::size_t>(-exponent - 1), '0').append(digits);
     const std::size_t integer_digits = static_cast<std::size_t>(exponent) + 1;
-    if (digits.size() <= integer_digits) return sign + digits + std::string(integer_digits - digits.size(), '0');
-    return sign + digits.substr(0, integer_digits) + "." + digits.substr(integer_digits);
+    if (digits.size() <= integer_digits) return text.append(digits).append(integer_digits - digits.size(), '0');
+    return text.append(digits, 0, integer_digits).append(".").append(digits, integer_digits);
 }
 
 }  // namespace
 
 std::string IntegerText(long long value) {
-    return (value < 0 ? "" : " ") + std::to_string(value);
+    std::string text = value < 0 ? "" : " ";
+    return text.append(std::to_string(value));
 }
 
 std::string SingleText(float value) {

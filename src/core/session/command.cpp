@@ -4,8 +4,7 @@
 
 namespace tessarin {
 
-Outcome RunCommand(Session& session, const CommandFlow& flow) {
-    session.ClearAbort();
+Outcome ExecuteCommand(Session& session, const CommandFlow& flow) {
     try {
         return flow(session);
     } catch (const std::exception& error) {
@@ -13,6 +12,11 @@ Outcome RunCommand(Session& session, const CommandFlow& flow) {
         session.host().ShowMessage(error.what(), "TESSARIN");
         return Outcome::kRefused;
     }
+}
+
+Outcome RunCommand(Session& session, const CommandFlow& flow) {
+    session.ClearAbort();
+    return ExecuteCommand(session, flow);
 }
 
 }  // namespace tessarin

@@ -15,8 +15,11 @@ enum class Outcome {
 
 using CommandFlow = std::function<Outcome(Session&)>;
 
-// Runs one command: clears the user abort flag first, and turns a failure inside the command
-// (an unreadable file, a report that cannot be written) into a message, leaving the program running.
+// Runs one command and turns a failure inside it (an unreadable file, a report that cannot be
+// written) into a message, leaving the program running. The caller has cleared the abort flag.
+Outcome ExecuteCommand(Session& session, const CommandFlow& flow);
+
+// Clears the user abort flag, then executes the command.
 Outcome RunCommand(Session& session, const CommandFlow& flow);
 
 }  // namespace tessarin

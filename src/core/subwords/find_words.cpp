@@ -1,173 +1,164 @@
 #include "subwords/find_words.h"
 
 #include <algorithm>
+#include <limits>
 
 #include "logfile/number_text.h"
+#include "subwords/child_grouping.h"
+#include "subwords/search_progress.h"
 
 namespace tessarin {
 namespace {
 
-// Moves the word at `index` towards `group_start` past every word with a strictly smaller
-// count, so a group stays ordered by falling count and ties keep their order.
-void MoveForwardByCount(WordList& words, int group_start, int index) {
-    WordRecord moving = std::move(words[index]);
-    int at = index;
-    while (at > group_start && words[at - 1].Count() < moving.Count()) {
-        words[at] = std::move(words[at - 1]);
-        --at;
-    }
-    words[at] = std::move(moving);
+std::string StepText(const std::string& status_name, int length) {
+    return status_name + ": Find Words len =" + IntegerText(length);
 }
 
-void SortAndNumberGroup(WordList& words, int first, int last) {
-    for (int i = first + 1; i <= last; ++i)
-        MoveForwardByCount(words, first, i);
-    for (int i = first; i <= last; ++i)
+// The length of the last word, 0 when the list holds only its scratch entry.
+int LastLength(const WordList& words) {
+    return words.size() <= 1 ? 0 : words.back().Length();
+}
+
+// Moves the words of `found` to the end of the list ordered by falling count, equal counts in
+// their order in `found`. Sorting (count, index) keys spares moving whole records while sorting.
+void AppendByFallingCount(WordList& found, WordList& words) {
+    std::vector<std::uint64_t> order(found.size());
+    for (std::size_t i = 0; i < found.size(); ++i) {
+        const std::uint64_t rarity = std::numeric_limits<std::uint32_t>::max() - found[i].Count();
+        order[i] = rarity << 32 | i;
+    }
+    std::sort(order.begin(), order.end());
+    for (const std::uint64_t key : order)
+        words.push_back(std::move(found[key & std::numeric_limits<std::uint32_t>::max()]));
+}
+
+void NumberGroup(WordList& words, int first) {
+    for (int i = first; i < static_cast<int>(words.size()); ++i)
         words[i].SetRank(i - first + 1);
 }
 
-int LargestSymbol(const SequenceSet& sequences) {
-    int largest = 0;
-    for (const auto& sequence : sequences) {
-        for (int p = 1; p <= SequenceLength(sequence); ++p)
-            largest = std::max(largest, sequence[p]);
-    }
-    return largest;
+// Symbols are positive, so these keys compare as the symbols do, the first symbol of a pair first.
+std::uint64_t SymbolKey(std::int32_t symbol) {
+    return static_cast<std::uint32_t>(symbol);
+}
+std::uint64_t PairKey(std::int32_t first, std::int32_t second) {
+    return SymbolKey(first) << 32 | SymbolKey(second);
+}
+std::vector<std::int32_t> SymbolOfKey(std::uint64_t key) {
+    return {0, static_cast<std::int32_t>(key)};
+}
+std::vector<std::int32_t> PairOfKey(std::uint64_t key) {
+    return {0, static_cast<std::int32_t>(key >> 32), static_cast<std::int32_t>(key & 0xFFFFFFFFU)};
 }
 
-WordRecord NewWord(std::vector<std::int32_t> symbols, int count) {
-    WordRecord word;
-    word.symbols = std::move(symbols);
-    word.positions.assign(1, Occurrence{count, 0});
-    word.positions.reserve(static_cast<std::size_t>(count) + 1);
-    return word;
+double CountBlocks(const SequenceSet& sequences, int length) {
+    double blocks = 0;
+    for (const auto& sequence : sequences)
+        blocks += std::max(SequenceLength(sequence) - length + 1, 0);
+    return blocks;
 }
 
-bool SearchLength1(const SequenceSet& sequences, WordList& words, const std::string& status_name,
-                   const ProgressFn& progress) {
-    if (progress(status_name + ": Find Words len = 1", 0)) return false;
-    const int largest = LargestSymbol(sequences);
-    std::vector<int> table(static_cast<std::size_t>(largest) + 1, 0);
-    for (const auto& sequence : sequences) {
-        for (int p = 1; p <= SequenceLength(sequence); ++p)
-            ++table[sequence[p]];
-    }
-    const int first = static_cast<int>(words.size());
-    for (int c = 1; c <= largest; ++c) {
-        if (table[c] >= 2) {
-            words.push_back(NewWord({0, c}, table[c]));
-            table[c] = static_cast<int>(words.size()) - 1;
-        } else {
-            table[c] = 0;
-        }
-    }
-    for (std::size_t s = 0; s < sequences.size(); ++s) {
-        for (int p = 1; p <= SequenceLength(sequences[s]); ++p) {
-            if (const int index = table[sequences[s][p]]; index != 0) {
-                words[index].positions.push_back(Occurrence{p, static_cast<std::int32_t>(s)});
-            }
-        }
-    }
-    SortAndNumberGroup(words, first, static_cast<int>(words.size()) - 1);
-    progress("", 1);
-    return true;
-}
-
-bool SearchLength2(const SequenceSet& sequences, WordList& words, const std::string& status_name,
-                   const ProgressFn& progress) {
-    const std::string text = status_name + ": Find Words len = 2";
-    if (progress(text, 0)) return false;
-    const std::size_t side = static_cast<std::size_t>(LargestSymbol(sequences)) + 1;
-    std::vector<int> table(side * side, 0);
-    for (const auto& sequence : sequences) {
-        for (int p = 1; p < SequenceLength(sequence); ++p)
-            ++table[sequence[p] * side + sequence[p + 1]];
-    }
-    const int first = static_cast<int>(words.size());
-    for (std::size_t a = 1; a < side; ++a) {
-        for (std::size_t b = 1; b < side; ++b) {
-            int& cell = table[a * side + b];
-            if (cell > 1) {
-                words.push_back(NewWord({0, static_cast<std::int32_t>(a), static_cast<std::int32_t>(b)}, cell));
-                cell = static_cast<int>(words.size()) - 1;
-            } else {
-                cell = 0;
-            }
-        }
-    }
+// The words of length 1 or 2, ordered by falling count and then by their symbols. They are
+// counted from the sequences themselves, so a resumed search finds the same pairs as a fresh one.
+// Answers false when cancelled; the list is changed only once counting is done.
+bool SearchShortWords(const SequenceSet& sequences, WordList& words, int length, const std::string& status_name,
+                      const ProgressFn& progress) {
+    SearchProgress meter(progress, StepText(status_name, length), CountBlocks(sequences, length));
+    if (meter.Start()) return false;
+    ChildGrouping grouping;
     for (std::size_t s = 0; s < sequences.size(); ++s) {
         const auto& sequence = sequences[s];
-        for (int p = 1; p < SequenceLength(sequence); ++p) {
-            if (const int index = table[sequence[p] * side + sequence[p + 1]]; index != 0) {
-                words[index].positions.push_back(Occurrence{p, static_cast<std::int32_t>(s)});
-            }
+        for (int p = 1; p + length - 1 <= SequenceLength(sequence); ++p) {
+            const std::uint64_t key = length == 1 ? SymbolKey(sequence[p]) : PairKey(sequence[p], sequence[p + 1]);
+            grouping.Add(key, Occurrence{p, static_cast<std::int32_t>(s)});
+            if (meter.Advance(1)) return false;
         }
-        if (progress(text, 0.5F)) return false;
     }
-    SortAndNumberGroup(words, first, static_cast<int>(words.size()) - 1);
-    progress("", 1);
+    WordList found;
+    grouping.AppendRepeatedChildren(ChildOrder::kByKey, length == 1 ? SymbolOfKey : PairOfKey, found);
+    const int first = static_cast<int>(words.size());
+    AppendByFallingCount(found, words);
+    NumberGroup(words, first);
     return true;
 }
 
-bool MatchesAt(const WordRecord& word, std::span<const std::int32_t> sequence, int p) {
-    const int length = word.Length();
-    if (p + length - 1 > SequenceLength(sequence)) return false;
-    for (int k = length; k >= 1; --k) {
-        if (word.symbols[k] != sequence[p + k - 1]) return false;
+constexpr std::uint64_t kSequenceEnd = std::numeric_limits<std::uint64_t>::max();
+
+// The symbol after every occurrence of the parents, in list order (kSequenceEnd where the
+// occurrence ends its sequence). These reads land all over the sequences; made in one sweep with
+// nothing waiting on them, they overlap instead of stalling the grouping one by one.
+std::vector<std::uint64_t> NextSymbolKeys(const SequenceSet& sequences, const WordList& words, int first_parent,
+                                          int last_parent) {
+    std::size_t total = 0;
+    for (int parent = first_parent; parent <= last_parent; ++parent)
+        total += static_cast<std::size_t>(words[parent].Count());
+    std::vector<std::uint64_t> keys(total);
+    std::uint64_t* key = keys.data();
+    for (int parent = first_parent; parent <= last_parent; ++parent) {
+        const WordRecord& word = words[parent];
+        const int length = word.Length();
+        const std::span<const Occurrence> occurrences(word.positions.data() + 1, word.Count());
+        for (const Occurrence occurrence : occurrences) {
+            const auto& sequence = sequences[occurrence.sequence_index];
+            const bool ends_sequence = occurrence.position + length > SequenceLength(sequence);
+            *key++ = ends_sequence ? kSequenceEnd : SymbolKey(sequence[occurrence.position + length]);
+        }
     }
-    return true;
+    return keys;
 }
 
-// Extends the words of length L (the run of words of the greatest length at the end of the
-// list) by one symbol. Answers false when cancelled or when no word of length L + 1 repeats.
+// A child's symbols as its parent's followed by its key's symbol: the parent's are at hand, where
+// those at the child's first occurrence would be one more read far away.
+ChildSymbols ParentAndNextSymbol(const WordRecord& parent) {
+    return [&parent](std::uint64_t key) {
+        std::vector<std::int32_t> symbols;
+        symbols.reserve(parent.symbols.size() + 1);
+        symbols.assign(parent.symbols.begin(), parent.symbols.end());
+        symbols[0] = 0;  // a grammar rule's own code stays with the rule
+        symbols.push_back(static_cast<std::int32_t>(key));
+        return symbols;
+    };
+}
+
+// Extends the words of the greatest length (the run of them at the end of the list, in list
+// order, whatever their ranks) by one symbol. A parent's occurrences are real ones, so those
+// followed by the same symbol are the occurrences of one child; each parent's children are found
+// in the order of their first occurrences, and the group is then ordered by falling count.
+// Answers false when cancelled or when no longer word repeats.
 bool ExtendLastGroup(const SequenceSet& sequences, WordList& words, int length, const std::string& status_name,
                      const ProgressFn& progress) {
-    const int new_length = length + 1;
-    const std::string text = status_name + ": Find Words len =" + IntegerText(new_length);
     const int last_parent = static_cast<int>(words.size()) - 1;
     int first_parent = last_parent;
     while (first_parent > 1 && words[first_parent - 1].Length() == length)
         --first_parent;
     double estimate = 0;
-    for (int i = first_parent; i <= last_parent; ++i)
-        estimate += words[i].Count() - 1;
-    double done = 0;
-    if (progress(text, 0)) return false;
+    for (int parent = first_parent; parent <= last_parent; ++parent)
+        estimate += std::max(words[parent].Count() - 1, 0);
+    SearchProgress meter(progress, StepText(status_name, length + 1), estimate);
+    if (meter.Start()) return false;
 
-    const int group_start = last_parent + 1;
+    const std::vector<std::uint64_t> next_keys = NextSymbolKeys(sequences, words, first_parent, last_parent);
+    std::size_t next = 0;
+    WordList found;
+    ChildGrouping grouping;
     for (int parent = first_parent; parent <= last_parent; ++parent) {
-        const int count = words[parent].Count();
-        for (int j = 1; j < count; ++j) {
-            done += 1;
-            if (progress(text, static_cast<float>(done / std::max(estimate, 1.0)))) return false;
-            const Occurrence start = words[parent].positions[j];
-            const auto& sequence = sequences[start.sequence_index];
-            if (start.position + new_length - 1 > SequenceLength(sequence)) continue;
-            WordRecord candidate = NewWord({0}, 1);
-            candidate.symbols.insert(candidate.symbols.end(), sequence.begin() + start.position,
-                                     sequence.begin() + start.position + new_length);
-            candidate.positions.push_back(start);
-            const bool known = std::any_of(words.begin() + group_start, words.end(),
-                                           [&](const WordRecord& w) { return w.symbols == candidate.symbols; });
-            if (known) continue;
-            for (int later = j + 1; later <= count; ++later) {
-                const Occurrence other = words[parent].positions[later];
-                if (MatchesAt(candidate, sequences[other.sequence_index], other.position)) {
-                    candidate.positions.push_back(other);
-                }
-            }
-            candidate.SetCount(static_cast<int>(candidate.positions.size()) - 1);
-            if (candidate.Count() >= 2) {
-                words.push_back(std::move(candidate));
-                MoveForwardByCount(words, group_start, static_cast<int>(words.size()) - 1);
-            }
+        const WordRecord& word = words[parent];
+        grouping.Clear();
+        for (int j = 1; j <= word.Count(); ++j, ++next) {
+            if (next_keys[next] != kSequenceEnd) grouping.Add(next_keys[next], word.positions[j]);
+        }
+        grouping.AppendRepeatedChildren(ChildOrder::kFirstSeen, ParentAndNextSymbol(word), found);
+        if (meter.Advance(std::max(word.Count() - 1, 0))) {
+            // The words found so far stay, ordered but unranked, as the group is incomplete.
+            AppendByFallingCount(found, words);
+            return false;
         }
     }
-    const int last = static_cast<int>(words.size()) - 1;
-    for (int i = group_start; i <= last; ++i)
-        words[i].SetRank(i - group_start + 1);
+    const int group_start = last_parent + 1;
+    AppendByFallingCount(found, words);
+    NumberGroup(words, group_start);
     progress("", 1);
-    return last >= group_start;
+    return static_cast<int>(words.size()) > group_start;
 }
 
 }  // namespace
@@ -175,18 +166,19 @@ bool ExtendLastGroup(const SequenceSet& sequences, WordList& words, int length, 
 void FindWords(const SequenceSet& sequences, WordList& words, std::int32_t max_length, const std::string& status_name,
                const ProgressFn& progress) {
     if (words.empty()) words.resize(1);
-    int length = words.back().Length();
-    if (words.size() == 1) length = 0;
+    int length = LastLength(words);
     if (length >= 1 && length == max_length) return;
     if (length < 1) {
-        if (!SearchLength1(sequences, words, status_name, progress) || max_length == 1) return;
+        if (!SearchShortWords(sequences, words, 1, status_name, progress) || max_length == 1) return;
         length = 1;
     }
+    // Pairs are searched whatever the bound; the bound is tested for excess only from length 3 on.
     if (length == 1) {
-        if (!SearchLength2(sequences, words, status_name, progress)) return;
-        length = words.back().Length();
+        if (!SearchShortWords(sequences, words, 2, status_name, progress)) return;
+        progress("", 1);
+        length = LastLength(words);
     }
-    while (length != max_length && length + 1 <= max_length && length >= 1) {
+    while (length >= 1 && length < max_length) {
         if (!ExtendLastGroup(sequences, words, length, status_name, progress)) return;
         ++length;
     }

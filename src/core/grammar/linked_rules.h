@@ -1,0 +1,43 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "grammar/grammar.h"
+
+namespace tessarin {
+
+// The right-hand sides of a grammar's rules as doubly linked slots, so that replacing a word by a
+// rule's code changes nothing but the slots involved and every other slot keeps its number.
+// Slots are numbered in the order (rule, position): a rule's slots are consecutive numbers and
+// a new rule's come after all others, so comparing numbers compares places in the grammar.
+class LinkedRules {
+  public:
+    explicit LinkedRules(const Grammar& grammar);
+
+    std::int32_t SlotCount() const { return static_cast<std::int32_t>(symbols_.size()); }
+    std::int32_t Symbol(std::int32_t slot) const { return symbols_[slot]; }
+    // The neighbouring slots in the same rule, -1 past either end.
+    std::int32_t Next(std::int32_t slot) const { return next_[slot]; }
+    std::int32_t Prev(std::int32_t slot) const { return prev_[slot]; }
+    // The slot `steps` places after `slot` in its rule; the rule must be long enough.
+    std::int32_t Advance(std::int32_t slot, int steps) const;
+    std::int32_t RuleCount() const { return static_cast<std::int32_t>(first_slots_.size()); }
+
+    // Makes `slot` hold `code` in place of the `length` symbols that start there.
+    void Replace(std::int32_t slot, int length, std::int32_t code);
+    // Appends a rule with the given right-hand side; answers its first slot.
+    std::int32_t AppendRule(std::span<const std::int32_t> symbols);
+
+    // The grammar as records: rule r's symbols[0] is its code (0, then alphabet size + r).
+    Grammar ToGrammar(int alphabet_size) const;
+
+  private:
+    std::vector<std::int32_t> symbols_;
+    std::vector<std::int32_t> next_;
+    std::vector<std::int32_t> prev_;
+    std::vector<std::int32_t> first_slots_;  // per rule
+};
+
+}  // namespace tessarin

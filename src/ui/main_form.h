@@ -1,0 +1,80 @@
+#pragma once
+
+#include <QFutureWatcher>
+#include <QList>
+#include <QMainWindow>
+#include <QStringList>
+#include <functional>
+#include <string>
+
+#include "session/command.h"
+#include "session/session.h"
+#include "ui/main_menu.h"
+#include "ui/qt_host.h"
+
+class QLabel;
+
+namespace tessarin {
+
+class MainSurface;
+
+// The main window: title image and result lines, the menu of all commands, progress in the
+// caption and cancel by any key. Commands run one at a time on a worker thread, so the window
+// stays live; meanwhile the items that would start another command are disabled.
+class MainForm : public QMainWindow {
+    Q_OBJECT
+
+  public:
+    static constexpr const char* kRestCaption = "TESSARIN: Grammatical Complexity Analysis for Windows";
+
+    explicit MainForm(const std::string& program_folder, QWidget* parent = nullptr);
+    ~MainForm() override;
+
+    Session& session() { return session_; }
+    QStringList PrintedLines() const;
+    bool CommandRunning() const { return running_; }
+
+    // Runs a command flow on the worker thread; ignored while another command runs.
+    void StartCommand(CommandFlow flow);
+
+  signals:
+    void CommandFinished();
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+  private:
+    void ConnectCommands();
+    // An item that works on the session: disabled while any command runs.
+    void AddCommandItem(QAction* action, std::function<void()> handler);
+    // An item that runs `flow` on the worker thread.
+    void AddCommand(QAction* action, CommandFlow flow);
+    void SetCommandsEnabled(bool enabled);
+    // Any key, or closing the window during a run.
+    void RequestAbort();
+    void OnCommandFinished();
+    // The options form on the GUI thread, then the run on the worker.
+    void StartGrammarComplexity();
+
+    // Menu handlers that work on the GUI thread alone.
+    void SaveImageAs();
+    void PrintImage();
+    void CopyImage();
+    void ShowAbout();
+    void ShowHelp();
+    // The window's drawing surface as an image, copied into Aux_Pbx.
+    QPixmap WindowImage();
+
+    MainSurface* surface_;
+    QLabel* aux_pbx_;
+    QtHost host_;
+    Session session_;
+    MainMenu menu_;
+    QList<QAction*> command_actions_;
+    QFutureWatcher<Outcome> watcher_;
+    bool running_ = false;  // from the start of a command until its end has been handled here
+    bool close_when_finished_ = false;
+};
+
+}  // namespace tessarin

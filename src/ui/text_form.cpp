@@ -1,0 +1,199 @@
+#include "ui/text_form.h"
+
+#include <QCloseEvent>
+#include <QFile>
+#include <QFileInfo>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QTextCursor>
+#include <QTextDocument>
+
+#include "logfile/log_file.h"
+#include "ui/file_dialog.h"
+#include "ui/fonts.h"
+#include "ui/qt_text.h"
+
+namespace tessarin {
+namespace {
+
+// The line end a file uses, so that saving it changes nothing but the edited text.
+QString LineEndOf(const QByteArray& bytes) {
+    if (bytes.contains("\r\n")) return "\r\n";
+    if (bytes.contains('\r')) return "\r";
+    return "\n";
+}
+
+bool FitsInEightBits(const QString& text) {
+    for (const QChar c : text) {
+        if (c.unicode() > 0xFF) return false;
+    }
+    return true;
+}
+
+}  // namespace
+
+TextForm::TextForm() : editor_(new QPlainTextEdit(this)) {
+    setAttribute(Qt::WA_DeleteOnClose);
+    editor_->setObjectName("Text_Tbx");
+    editor_->setFont(FixedPitchFont());
+    editor_->setLineWrapMode(QPlainTextEdit::NoWrap);
+    setCentralWidget(editor_);
+    BuildMenu();
+    resize(720, 480);
+}
+
+TextForm* TextForm::ForFile(const QString& path, QString* error) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        if (error != nullptr) *error = "Cannot read the file " + path;
+        return nullptr;
+    }
+    const QByteArray bytes = file.readAll();
+    auto* form = new TextForm();
+    form->path_ = path;
+    form->line_end_ = LineEndOf(bytes);
+    QString text = QString::fromLatin1(bytes);
+    text.replace("\r\n", "\n").replace('\r', '\n');
+    form->editor_->setPlainText(text);
+    form->setWindowTitle(path);
+    return form;
+}
+
+TextForm* TextForm::ForText(const QString& caption, const QString& text) {
+    auto* form = new TextForm();
+    // A text from memory is usually a sequence on one long line: wrap it to the window.
+    form->editor_->setLineWrapMode(QPlainTextEdit::WidgetWidth);
+    form->editor_->setWordWrapMode(QTextOption::WrapAnywhere);
+    form->editor_->setPlainText(text);
+    form->setWindowTitle(caption);
+    return form;
+}
+
+TextForm* TextForm::ForRuns(const QString& caption, const std::vector<RtfRun>& runs) {
+    auto* form = new TextForm();
+    form->editor_->setLineWrapMode(QPlainTextEdit::WidgetWidth);
+    QTextCursor cursor(form->editor_->document());
+    for (const RtfRun& run : runs) {
+        QTextCharFormat format;
+        format.setFontWeight(run.bold ? QFont::Bold : QFont::Normal);
+        format.setFontItalic(run.italic);
+        cursor.insertText(run.text, format);
+    }
+    form->editor_->document()->setModified(false);
+    form->editor_->moveCursor(QTextCursor::Start);
+    form->setWindowTitle(caption);
+    return form;
+}
+
+QString TextForm::Text() const {
+    return editor_->toPlainText();
+}
+
+bool TextForm::Save() {
+    if (path_.isEmpty()) return SaveAs();
+    return WriteTo(path_);
+}
+
+bool TextForm::SaveAs() {
+    const QFileInfo current(path_);
+    const FileChoice start =
+        path_.isEmpty() ? FileChoice{} : FileChoice{ToPath(current.absolutePath()) + "/", ToPath(current.fileName())};
+    const auto choice = ChooseFileWithDialog(this, FileDialogKind::kSave, start, "*.txt");
+    if (!choice) return false;
+    const QString path = FromPath(choice->folder + choice->name);
+    if (!WriteTo(path)) return false;
+    path_ = path;
+    setWindowTitle(path_);
+    return true;
+}
+
+bool TextForm::WriteTo(const QString& path) {
+    QString text = Text();
+    if (!FitsInEightBits(text)) {
+        QMessageBox::warning(this, kMessageTitle,
+                             "The text holds characters that an 8-bit text file cannot store. "
+                             "Remove them and save again.");
+        return false;
+    }
+    if (line_end_ != "\n") text.replace('\n', line_end_);
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) || file.write(text.toLatin1()) < 0 || !file.flush()) {
+        QMessageBox::warning(this, kMessageTitle, "Cannot write the file " + path);
+        return false;
+    }
+    editor_->document()->setModified(false);
+    return true;
+}
+
+void TextForm::closeEvent(QCloseEvent* event) {
+    if (!editor_->document()->isModified()) {
+        event->accept();
+        return;
+    }
+    const auto answer =
+        QMessageBox::question(this, kMessageTitle, "Save the changes to " + windowTitle() + "?",
+                              QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Yes);
+    if (answer == QMessageBox::Cancel || (answer == QMessageBox::Yes && !Save())) {
+        event->ignore();
+        return;
+    }
+    event->accept();
+}
+
+void TextForm::BuildMenu() {
+    QMenu* file = menuBar()->addMenu("&File");
+    file->setObjectName("Menu_File");
+    const auto add = [this](QMenu* menu, const char* name, const QString& caption, auto slot,
+                            QKeySequence keys = QKeySequence()) {
+        QAction* action = menu->addAction(caption, this, slot);
+        action->setObjectName(name);
+        action->setShortcut(keys);
+        return action;
+    };
+    add(file, "File_Clear", "C&lear", [this] { editor_->clear(); });
+    add(
+        file, "File_Save", "&Save", [this] { Save(); }, QKeySequence::Save);
+    add(file, "File_SaveAs", "Save &As...", [this] { SaveAs(); });
+    file->addSeparator();
+    add(file, "File_PrintSelectedText", "Print S&elected Text", [this] { PrintSelectedText(); });
+    add(
+        file, "File_PrintFile", "&Print File", [this] { PrintFile(); }, QKeySequence::Print);
+    file->addSeparator();
+    add(file, "File_Exit", "E&xit", [this] { close(); });
+
+    QMenu* edit = menuBar()->addMenu("&Edit");
+    edit->setObjectName("Menu_Edit");
+    add(
+        edit, "Edit_Copy", "&Copy", [this] { editor_->copy(); }, QKeySequence::Copy);
+    add(
+        edit, "Edit_SelectAll", "Select &All", [this] { editor_->selectAll(); }, QKeySequence::SelectAll);
+}
+
+void TextForm::PrintSelectedText() {
+    QString selected = editor_->textCursor().selectedText();
+    if (selected.isEmpty()) {
+        QMessageBox::information(this, kMessageTitle, "No text is selected.");
+        return;
+    }
+    selected.replace(QChar::ParagraphSeparator, '\n');
+    PrintText(selected);
+}
+
+void TextForm::PrintFile() {
+    PrintText(Text());
+}
+
+void TextForm::PrintText(const QString& text) {
+    QPrinter printer;
+    QPrintDialog dialog(&printer, this);
+    if (dialog.exec() != QDialog::Accepted) return;
+    QTextDocument document;
+    document.setDefaultFont(FixedPitchFont());
+    document.setPlainText(text);
+    document.print(&printer);
+}
+
+}  // namespace tessarin

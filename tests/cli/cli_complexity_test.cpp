@@ -1,0 +1,115 @@
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <iterator>
+#include <regex>
+#include <string>
+
+#include "support/run_program.h"
+
+namespace tessarin {
+namespace {
+
+using testing::ProgramResult;
+using testing::Quoted;
+using testing::RunProgram;
+using testing::TempFolder;
+
+const std::string kData = std::string(TESSARIN_TEST_DATA) + "/grammar/";
+
+std::string ReadData(const std::string& name) {
+    std::ifstream file(kData + name, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+class CliComplexityTest : public ::testing::Test {
+  protected:
+    TempFolder program_;
+    TempFolder data_;
+
+    ProgramResult Cli(const std::string& arguments) {
+        return RunProgram(std::string(TESSARIN_CLI) + " --program-dir " + Quoted(program_.Folder()) + " " + arguments);
+    }
+    // Copies a sequence file of the test data beside where its report will be written.
+    std::string Sequence(const std::string& name) {
+        data_.Write(name, ReadData(name));
+        return Quoted(data_.Path(name));
+    }
+    // A text with its folder, date and seconds replaced by the placeholders of the expected files.
+    std::string Masked(std::string text) {
+        const std::string folder = data_.Folder();
+        for (std::size_t at; (at = text.find(folder)) != std::string::npos;)
+            text.replace(at, folder.size(), "{FOLDER}");
+        text = std::regex_replace(text, std::regex("\\d{4}-\\d\\d-\\d\\d \\d\\d:\\d\\d:\\d\\d"), "{DATE}");
+        return std::regex_replace(text, std::regex("Time needed = [0-9.]+ sec"), "Time needed = {SECONDS} sec");
+    }
+};
+
+struct RunCase {
+    const char* method;    // the --method value
+    const char* sequence;  // a file of the test data
+    const char* expected;  // the expected log and main-window lines: <expected>.log and <expected>.out
+};
+
+class CliComplexityRunsTest : public CliComplexityTest, public ::testing::WithParamInterface<RunCase> {};
+
+// Catches any change of a report line (header, summary, method line, complexity, rules) or of
+// a main-window line (start lines, summary, passes, final note), for every method.
+TEST_P(CliComplexityRunsTest, WritesTheExpectedReportAndMainWindowLines) {
+    const RunCase& c = GetParam();
+    const ProgramResult result = Cli(std::string("complexity --method ") + c.method + " " + Sequence(c.sequence));
+    ASSERT_EQ(result.status, 0) << result.err;
+    const std::string log = std::string(c.sequence).substr(0, std::string(c.sequence).find('.')) + ".log";
+    EXPECT_EQ(Masked(data_.Read(log)), ReadData(std::string(c.expected) + ".log"));
+    EXPECT_EQ(Masked(result.out), ReadData(std::string(c.expected) + ".out"));
+    EXPECT_NE(result.err.find("Report: " + data_.Path(log)), std::string::npos) << result.err;
+}
+
+INSTANTIATE_TEST_SUITE_P(Methods, CliComplexityRunsTest,
+                         ::testing::Values(RunCase{"nvogram", "dna40.txt", "dna40_nvogram"},
+                                           RunCase{"shortest", "dna40.txt", "dna40_shortest"},
+                                           RunCase{"longest", "dna40.txt", "dna40_longest"},
+                                           RunCase{"gain", "dna40.txt", "dna40_gain"},
+                                           RunCase{"longest", "aaaabaab.txt", "aaaabaab_longest"}),
+                         [](const ::testing::TestParamInfo<RunCase>& info) {
+                             return std::string(info.param.expected);
+                         });
+
+// Catches a default other than NVOGRAM.
+TEST_F(CliComplexityTest, MethodDefaultsToNvogram) {
+    const ProgramResult result = Cli("complexity " + Sequence("dna40.txt"));
+    ASSERT_EQ(result.status, 0) << result.err;
+    EXPECT_EQ(Masked(data_.Read("dna40.log")), ReadData("dna40_nvogram.log"));
+}
+
+// Catches a wrong statistics report or main-window listing, a per-file report, and a final
+// note where the folder run has none.
+TEST_F(CliComplexityTest, FolderRunWritesStatistics) {
+    Sequence("k10.txt");
+    const std::string chosen = Sequence("k20.txt");
+    data_.Write("notes.log", "not a sequence\r\n");
+    const ProgramResult result = Cli("complexity --folder --method longest " + chosen);
+    ASSERT_EQ(result.status, 0) << result.err;
+    EXPECT_EQ(Masked(data_.Read("Statistics.log")), ReadData("statistics.log"));
+    EXPECT_EQ(Masked(result.out), ReadData("statistics.out"));
+    EXPECT_FALSE(data_.Exists("k10.log"));
+}
+
+// Catches an unknown method run with a default instead of refused.
+TEST_F(CliComplexityTest, UnknownMethodIsAUsageError) {
+    const ProgramResult result = Cli("complexity --method fastest " + Sequence("dna40.txt"));
+    EXPECT_EQ(result.status, 2);
+    EXPECT_NE(result.err.find("--method"), std::string::npos) << result.err;
+    EXPECT_FALSE(data_.Exists("dna40.log"));
+}
+
+// Catches a missing file reported as success.
+TEST_F(CliComplexityTest, EmptyFileIsRefused) {
+    data_.Write("empty.txt", "\r\n");
+    const ProgramResult result = Cli("complexity " + Quoted(data_.Path("empty.txt")));
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.out, "");
+}
+
+}  // namespace
+}  // namespace tessarin

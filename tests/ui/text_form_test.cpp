@@ -1,0 +1,87 @@
+#include "ui/text_form.h"
+
+#include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QTest>
+
+#include "modal_answer.h"
+#include "support/temp_folder.h"
+
+namespace tessarin {
+
+using testing::AnswerModal;
+using testing::TempFolder;
+
+class TextFormTest : public QObject {
+    Q_OBJECT
+
+  private:
+    TempFolder folder_;
+
+    QString Path(const char* name) const { return QString::fromStdString(folder_.Path(name)); }
+
+  private slots:
+    void saveKeepsTheFileBytes_data() {
+        QTest::addColumn<QByteArray>("bytes");
+        // Catches line ends normalised on saving.
+        QTest::newRow("crlf") << QByteArray("TESSARIN Version 1.7\r\n\r\nK = 117\r\n");
+        QTest::newRow("lf") << QByteArray("one\ntwo\n");
+        QTest::newRow("cr") << QByteArray("one\rtwo\r");
+        // Catches 8-bit characters re-encoded (as UTF-8) or replaced.
+        QTest::newRow("8-bit") << QByteArray("Alphabet: A\xe9\xff\t\x01\r\n");
+    }
+
+    void saveKeepsTheFileBytes() {
+        QFETCH(QByteArray, bytes);
+        folder_.Write("report.log", bytes.toStdString());
+        std::unique_ptr<TextForm> form(TextForm::ForFile(Path("report.log"), nullptr));
+        QVERIFY(form != nullptr);
+        QCOMPARE(form->windowTitle(), Path("report.log"));
+        QVERIFY(form->Save());
+        QCOMPARE(QByteArray::fromStdString(folder_.Read("report.log")), bytes);
+    }
+
+    // Catches an edit saved with line ends other than the file's own.
+    void editedTextKeepsTheFileLineEnds() {
+        folder_.Write("notes.txt", "a\r\nb\r\n");
+        std::unique_ptr<TextForm> form(TextForm::ForFile(Path("notes.txt"), nullptr));
+        form->findChild<QPlainTextEdit*>("Text_Tbx")->appendPlainText("c");
+        QVERIFY(form->Save());
+        QCOMPARE(folder_.Read("notes.txt"), "a\r\nb\r\n\r\nc");
+    }
+
+    // Catches characters an 8-bit file cannot hold silently written as "?".
+    void refusesCharactersBeyondEightBits() {
+        folder_.Write("euro.txt", "price\r\n");
+        std::unique_ptr<TextForm> form(TextForm::ForFile(Path("euro.txt"), nullptr));
+        form->findChild<QPlainTextEdit*>("Text_Tbx")->appendPlainText(QString::fromUtf8("\u20ac 5"));
+        QString title;
+        AnswerModal<QMessageBox>([&title](QMessageBox* box) {
+            title = box->windowTitle();
+            box->accept();
+        });
+        QVERIFY(!form->Save());
+        QCOMPARE(title, "TESSARIN");
+        QCOMPARE(folder_.Read("euro.txt"), "price\r\n");
+    }
+
+    // Catches a missing file opening an empty window instead of saying why.
+    void unreadableFileGivesAReason() {
+        QString error;
+        QCOMPARE(TextForm::ForFile(Path("absent.log"), &error), nullptr);
+        QVERIFY(error.contains(Path("absent.log")));
+    }
+
+    // Catches report tables shown in a proportional font.
+    void textIsInAFixedPitchFont() {
+        std::unique_ptr<TextForm> form(TextForm::ForText("Input Sequence: a.txt", "ACGT"));
+        QVERIFY(QFontInfo(form->findChild<QPlainTextEdit*>("Text_Tbx")->font()).fixedPitch());
+        QCOMPARE(form->Text(), "ACGT");
+        QCOMPARE(form->windowTitle(), "Input Sequence: a.txt");
+    }
+};
+
+}  // namespace tessarin
+
+QTEST_MAIN(tessarin::TextFormTest)
+#include "text_form_test.moc"
