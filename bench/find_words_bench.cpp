@@ -55,6 +55,17 @@ void BM_FindWordsRandomFourLetters(benchmark::State& state) {
 }
 BENCHMARK(BM_FindWordsRandomFourLetters)->Arg(4000)->Arg(40000)->Arg(400000)->Unit(benchmark::kMillisecond);
 
+// The same sequences with the letters coded far apart, as a grammar's rules are: the time must
+// not depend on the size of the codes.
+void BM_FindWordsRandomFourLargeCodes(benchmark::State& state) {
+    constexpr std::int32_t kCodes[] = {0, 1, 100000, 65536000, 2147483647};
+    CodedSequence sequence = RandomFourLetters(static_cast<int>(state.range(0)));
+    for (std::size_t p = 1; p < sequence.size(); ++p)
+        sequence[p] = kCodes[sequence[p]];
+    SearchAllLengths(state, sequence);
+}
+BENCHMARK(BM_FindWordsRandomFourLargeCodes)->Arg(40000)->Unit(benchmark::kMillisecond);
+
 void BM_FindWordsExample(benchmark::State& state, const std::string& name) {
     SearchAllLengths(state, ExampleFile(name));
 }

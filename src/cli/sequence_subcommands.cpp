@@ -15,10 +15,7 @@ std::vector<Subcommand> SequenceSubcommands() {
          {},
          {},
          1,
-         [](Session& session, CliHost& host, const Arguments& arguments) {
-             host.QueueFile(arguments.files[0]);
-             return RunCommand(session, DisplaySequenceFile);
-         }},
+         OnFile(DisplaySequenceFile)},
         {"test-sequence",
          "test-sequence",
          "write 40000 random symbols over ABCD to test.txt in the program folder",

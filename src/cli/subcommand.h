@@ -10,6 +10,8 @@
 
 namespace tessarin {
 
+using SubcommandRun = std::function<Outcome(Session&, CliHost&, const Arguments&)>;
+
 // One analysis of the command line: its name, its usage line and what it accepts.
 struct Subcommand {
     std::string name;
@@ -18,8 +20,11 @@ struct Subcommand {
     std::vector<std::string> flags;
     std::vector<std::string> valued_options;
     std::size_t file_count = 0;
-    std::function<Outcome(Session&, CliHost&, const Arguments&)> run;
+    SubcommandRun run;
 };
+
+// A run that answers the file dialog with the command line's FILE, then runs `flow`.
+SubcommandRun OnFile(CommandFlow flow);
 
 // Every subcommand, in the order --help lists them.
 const std::vector<Subcommand>& Subcommands();

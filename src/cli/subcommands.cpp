@@ -2,6 +2,13 @@
 
 namespace tessarin {
 
+SubcommandRun OnFile(CommandFlow flow) {
+    return [flow = std::move(flow)](Session& session, CliHost& host, const Arguments& arguments) {
+        host.QueueFile(arguments.files[0]);
+        return RunCommand(session, flow);
+    };
+}
+
 const std::vector<Subcommand>& Subcommands() {
     static const std::vector<Subcommand> all = [] {
         std::vector<Subcommand> list;

@@ -21,6 +21,16 @@ void QueueMaxLength(CliHost& host, const Arguments& arguments) {
     host.QueueInput(*max_length);
 }
 
+// The two-variant analyses: FILE, the answer of the maximum-length box, and the variant.
+SubcommandRun WordListRun(Outcome (*analysis)(Session&, int positions_flag)) {
+    return [analysis](Session& session, CliHost& host, const Arguments& arguments) {
+        host.QueueFile(arguments.files[0]);
+        QueueMaxLength(host, arguments);
+        const int positions_flag = PositionsFlag(arguments);
+        return RunCommand(session, [&](Session& s) { return analysis(s, positions_flag); });
+    };
+}
+
 }  // namespace
 
 std::vector<Subcommand> SubwordSubcommands() {
@@ -31,42 +41,28 @@ std::vector<Subcommand> SubwordSubcommands() {
          {},
          {},
          1,
-         [](Session& session, CliHost& host, const Arguments& arguments) {
-             host.QueueFile(arguments.files[0]);
-             return RunCommand(session, RunBlockEntropies);
-         }},
+         OnFile(RunBlockEntropies)},
         {"uncertainties",
          "uncertainties FILE",
          "local conditional uncertainties of the symbol after each repeated word",
          {},
          {},
          1,
-         [](Session& session, CliHost& host, const Arguments& arguments) {
-             host.QueueFile(arguments.files[0]);
-             return RunCommand(session, RunLocalUncertainties);
-         }},
+         OnFile(RunLocalUncertainties)},
         {"exceptional",
          "exceptional [--positions] [--max-length N] FILE",
          "words far more frequent than a first-order Markov chain predicts; --positions lists where",
          {"--positions"},
          {"--max-length"},
          1,
-         [](Session& session, CliHost& host, const Arguments& arguments) {
-             host.QueueFile(arguments.files[0]);
-             QueueMaxLength(host, arguments);
-             return RunCommand(session, [&](Session& s) { return RunExceptionalWords(s, PositionsFlag(arguments)); });
-         }},
+         WordListRun(RunExceptionalWords)},
         {"repeats",
          "repeats [--positions] [--max-length N] FILE",
          "every repeated word with its count; --positions adds positions and distances",
          {"--positions"},
          {"--max-length"},
          1,
-         [](Session& session, CliHost& host, const Arguments& arguments) {
-             host.QueueFile(arguments.files[0]);
-             QueueMaxLength(host, arguments);
-             return RunCommand(session, [&](Session& s) { return RunRepeatedWords(s, PositionsFlag(arguments)); });
-         }},
+         WordListRun(RunRepeatedWords)},
         {"references",
          "references",
          "write the background references to Reference.txt in the program folder",

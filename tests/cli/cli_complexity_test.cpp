@@ -1,48 +1,18 @@
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
-#include <regex>
 #include <string>
 
-#include "support/run_program.h"
+#include "support/cli_test.h"
 
 namespace tessarin {
 namespace {
 
 using testing::ProgramResult;
 using testing::Quoted;
-using testing::RunProgram;
-using testing::TempFolder;
 
-const std::string kData = std::string(TESSARIN_TEST_DATA) + "/grammar/";
-
-std::string ReadData(const std::string& name) {
-    std::ifstream file(kData + name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-}
-
-class CliComplexityTest : public ::testing::Test {
+class CliComplexityTest : public testing::CliTest {
   protected:
-    TempFolder program_;
-    TempFolder data_;
-
-    ProgramResult Cli(const std::string& arguments) {
-        return RunProgram(std::string(TESSARIN_CLI) + " --program-dir " + Quoted(program_.Folder()) + " " + arguments);
-    }
-    // Copies a sequence file of the test data beside where its report will be written.
-    std::string Sequence(const std::string& name) {
-        data_.Write(name, ReadData(name));
-        return Quoted(data_.Path(name));
-    }
-    // A text with its folder, date and seconds replaced by the placeholders of the expected files.
-    std::string Masked(std::string text) {
-        const std::string folder = data_.Folder();
-        for (std::size_t at; (at = text.find(folder)) != std::string::npos;)
-            text.replace(at, folder.size(), "{FOLDER}");
-        text = std::regex_replace(text, std::regex("\\d{4}-\\d\\d-\\d\\d \\d\\d:\\d\\d:\\d\\d"), "{DATE}");
-        return std::regex_replace(text, std::regex("Time needed = [0-9.]+ sec"), "Time needed = {SECONDS} sec");
-    }
+    CliComplexityTest() : CliTest("grammar") {}
 };
 
 struct RunCase {

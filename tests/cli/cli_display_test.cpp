@@ -1,24 +1,14 @@
 #include <gtest/gtest.h>
 
-#include "support/run_program.h"
+#include "support/cli_test.h"
 
 namespace tessarin {
 namespace {
 
 using testing::ProgramResult;
 using testing::Quoted;
-using testing::RunProgram;
-using testing::TempFolder;
 
-class CliDisplayTest : public ::testing::Test {
-  protected:
-    TempFolder program_;
-    TempFolder data_;
-
-    ProgramResult Cli(const std::string& arguments) {
-        return RunProgram(std::string(TESSARIN_CLI) + " --program-dir " + Quoted(program_.Folder()) + " " + arguments);
-    }
-};
+class CliDisplayTest : public testing::CliTest {};
 
 struct DisplayCase {
     const char* name;

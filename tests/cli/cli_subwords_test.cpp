@@ -1,27 +1,15 @@
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
 #include <regex>
 #include <string>
 #include <vector>
 
-#include "support/run_program.h"
+#include "support/cli_test.h"
 
 namespace tessarin {
 namespace {
 
 using testing::ProgramResult;
-using testing::Quoted;
-using testing::RunProgram;
-using testing::TempFolder;
-
-const std::string kData = std::string(TESSARIN_TEST_DATA) + "/subwords/";
-
-std::string ReadData(const std::string& name) {
-    std::ifstream file(kData + name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-}
 
 std::vector<std::string> SplitLines(const std::string& text, const std::string& end) {
     std::vector<std::string> lines;
@@ -33,28 +21,9 @@ std::vector<std::string> SplitLines(const std::string& text, const std::string& 
     return lines;
 }
 
-class CliSubwordsTest : public ::testing::Test {
+class CliSubwordsTest : public testing::CliTest {
   protected:
-    TempFolder program_;
-    TempFolder data_;
-
-    ProgramResult Cli(const std::string& arguments) {
-        return RunProgram(std::string(TESSARIN_CLI) + " --program-dir " + Quoted(program_.Folder()) + " " + arguments);
-    }
-    // Copies a sequence file of the test data beside where its report will be written.
-    std::string Sequence(const std::string& name) {
-        data_.Write(name, ReadData(name));
-        return Quoted(data_.Path(name));
-    }
-    // A report with its folder and date replaced by the placeholders of the expected files.
-    std::string MaskedReport(const std::string& name) {
-        std::string report = data_.Read(name);
-        const std::string folder = data_.Folder();
-        for (std::size_t at; (at = report.find(folder)) != std::string::npos;)
-            report.replace(at, folder.size(), "{FOLDER}");
-        return std::regex_replace(report, std::regex("  - \\d{4}-\\d\\d-\\d\\d \\d\\d:\\d\\d:\\d\\d\r\n"),
-                                  "  - {DATE}\r\n");
-    }
+    CliSubwordsTest() : CliTest("subwords") {}
 };
 
 struct ReportCase {
@@ -74,7 +43,7 @@ TEST_P(CliSubwordReportsTest, WritesTheExpectedReportAndMainWindowLines) {
     const ReportCase& c = GetParam();
     const ProgramResult result = Cli(std::string(c.arguments) + " " + Sequence(c.sequence));
     ASSERT_EQ(result.status, 0) << result.err;
-    const std::string report = MaskedReport(c.log_name);
+    const std::string report = Masked(data_.Read(c.log_name));
     EXPECT_EQ(report, ReadData(c.expected));
 
     const std::vector<std::string> log_lines = SplitLines(report, "\r\n");

@@ -3,7 +3,7 @@
 namespace tessarin {
 namespace {
 
-constexpr int kInitialBits = 10;
+constexpr int kInitialBits = 4;
 
 }  // namespace
 

@@ -114,6 +114,7 @@ void RepeatTrie::Extend(std::int32_t slot) {
             RemoveSlot(at, start);
             AddSlot(child, start);
             path_end_[start] = child;
+            if (nodes_[child].depth == 2) PairChanged(child);
             Node& node = nodes_[child];
             ++node.count;
             node.kept = kUnknown;
@@ -139,6 +140,7 @@ void RepeatTrie::Cut(std::int32_t slot, int depth) {
     RemoveSlot(at, slot);
     std::int32_t single = -1;
     while (nodes_[at].depth > depth) {
+        if (nodes_[at].depth == 2) PairChanged(at);
         Node& node = nodes_[at];
         const std::int32_t parent = node.parent;
         --node.count;
@@ -243,21 +245,26 @@ std::int32_t RepeatTrie::FirstOccurrence(std::int32_t index) {
 // Two occurrences of a word can overlap only when some proper prefix of it is also a suffix.
 bool RepeatTrie::SelfOverlaps(std::int32_t index) {
     Node& node = nodes_[index];
-    if (node.self_overlap == kUnknown) {
-        std::vector<std::int32_t> word(static_cast<std::size_t>(node.depth));
-        for (std::int32_t at = index; at != kRoot; at = nodes_[at].parent)
-            word[static_cast<std::size_t>(nodes_[at].depth - 1)] = nodes_[at].symbol;
-        // The longest border by the prefix function of Knuth, Morris and Pratt.
-        std::vector<std::int32_t> border(word.size(), 0);
-        for (std::size_t i = 1; i < word.size(); ++i) {
-            std::int32_t k = border[i - 1];
-            while (k > 0 && word[i] != word[static_cast<std::size_t>(k)])
-                k = border[static_cast<std::size_t>(k - 1)];
-            border[i] = word[i] == word[static_cast<std::size_t>(k)] ? k + 1 : k;
-        }
-        node.self_overlap = !word.empty() && border.back() > 0 ? 1 : 0;
+    if (node.self_overlap != kUnknown) return node.self_overlap == 1;
+    if (node.depth == 2) {
+        node.self_overlap = node.symbol == nodes_[node.parent].symbol ? 1 : 0;
+        return node.self_overlap == 1;
     }
-    return node.self_overlap == 1;
+    std::vector<std::int32_t>& word = selection_word_;
+    word.resize(static_cast<std::size_t>(node.depth));
+    for (std::int32_t at = index; at != kRoot; at = nodes_[at].parent)
+        word[static_cast<std::size_t>(nodes_[at].depth - 1)] = nodes_[at].symbol;
+    // The longest border by the prefix function of Knuth, Morris and Pratt.
+    std::vector<std::int32_t>& border = selection_border_;
+    border.assign(word.size(), 0);
+    for (std::size_t i = 1; i < word.size(); ++i) {
+        std::int32_t k = border[i - 1];
+        while (k > 0 && word[i] != word[static_cast<std::size_t>(k)])
+            k = border[static_cast<std::size_t>(k - 1)];
+        border[i] = word[i] == word[static_cast<std::size_t>(k)] ? k + 1 : k;
+    }
+    nodes_[index].self_overlap = border.back() > 0 ? 1 : 0;
+    return nodes_[index].self_overlap == 1;
 }
 
 void RepeatTrie::KeptOccurrences(std::int32_t index, std::vector<std::int32_t>& starts,
@@ -285,7 +292,7 @@ void RepeatTrie::KeptOccurrences(std::int32_t index, std::vector<std::int32_t>& 
 }
 
 std::int32_t RepeatTrie::Kept(std::int32_t index) {
-    if (!SelfOverlaps(index)) return nodes_[index].count;
+    if (nodes_[index].self_overlap == 0 || !SelfOverlaps(index)) return nodes_[index].count;
     if (nodes_[index].kept == kUnknown) {
         std::vector<std::int32_t> starts;
         std::vector<std::int32_t> ends;
@@ -311,6 +318,36 @@ bool RepeatTrie::SearchBefore(std::int32_t a, std::int32_t b) {
         a = x.parent;
         b = y.parent;
     }
+}
+
+// ---- The pairs ranked ----
+
+// A pair's count is about to change: it leaves both rankings until RankChangedPairs.
+void RepeatTrie::PairChanged(std::int32_t index) {
+    Node& node = nodes_[index];
+    if (node.search_entry == kWaitingToBeRanked) return;
+    if (node.search_entry >= 0) {
+        pairs_by_search_.Erase(node.search_entry);
+        pairs_by_list_.Erase(node.list_entry);
+    }
+    node.search_entry = kWaitingToBeRanked;
+    node.list_entry = kNotRanked;
+    changed_pairs_.push_back(index);
+}
+
+void RepeatTrie::RankChangedPairs() {
+    for (const std::int32_t index : changed_pairs_) {
+        Node& node = nodes_[index];
+        // The node may have gone, or been taken for another word, since it changed.
+        if (node.search_entry != kWaitingToBeRanked) continue;
+        node.search_entry = kNotRanked;
+        if (node.parent < 0 || node.depth != 2 || node.count < 2) continue;
+        const std::int32_t first = nodes_[node.parent].symbol;
+        const std::int32_t kept = Kept(index);
+        nodes_[index].search_entry = pairs_by_search_.Insert({-node.count, first, node.symbol}, index);
+        nodes_[index].list_entry = pairs_by_list_.Insert({-kept, -node.count, first, node.symbol}, index);
+    }
+    changed_pairs_.clear();
 }
 
 // ---- The list ----
@@ -374,9 +411,15 @@ bool RepeatTrie::ListBefore(std::int32_t a, std::int32_t b) {
 // last word, a selection for any other, and a count of the words before it in search order for
 // its rank.
 RepeatTrie::Placed RepeatTrie::Select(int length, int offset) {
-    selection_ = groups_[length];
+    const std::vector<std::int32_t>& group = groups_[length];
+    // Where pruning changed no count the list order is the search order: the place is the rank.
+    const bool reordered =
+        std::any_of(group.begin(), group.end(), [this](std::int32_t node) { return Kept(node) < nodes_[node].count; });
+    auto before = [this, reordered](std::int32_t a, std::int32_t b) {
+        return reordered ? ListBefore(a, b) : SearchBefore(a, b);
+    };
+    selection_ = group;
     const auto place = selection_.begin() + offset;
-    auto before = [this](std::int32_t a, std::int32_t b) { return ListBefore(a, b); };
     if (offset == 0) {
         std::iter_swap(place, std::min_element(selection_.begin(), selection_.end(), before));
     } else if (offset + 1 == static_cast<int>(selection_.size())) {
@@ -385,9 +428,12 @@ RepeatTrie::Placed RepeatTrie::Select(int length, int offset) {
         std::nth_element(selection_.begin(), place, selection_.end(), before);
     }
     const std::int32_t node = *place;
-    std::int32_t rank = 1;
-    for (const std::int32_t other : groups_[length]) {
-        if (other != node && SearchBefore(other, node)) ++rank;
+    std::int32_t rank = offset + 1;
+    if (reordered) {
+        rank = 1;
+        for (const std::int32_t other : group) {
+            if (other != node && SearchBefore(other, node)) ++rank;
+        }
     }
     return Placed{offset, node, rank};
 }
@@ -397,6 +443,11 @@ RepeatTrie::Placed RepeatTrie::Select(int length, int offset) {
 // sorted once for the rest of the pass.
 std::pair<std::int32_t, std::int32_t> RepeatTrie::NodeAt(int length, int offset) {
     constexpr std::size_t kSelectionsBeforeSorting = 4;
+    if (length == 2) {
+        RankChangedPairs();
+        const std::int32_t node = pairs_by_list_.ValueAt(offset);
+        return {node, pairs_by_search_.Rank(nodes_[node].search_entry) + 1};
+    }
     GroupOrder& order = Order(length);
     if (order.list.empty()) {
         for (const Placed& placed : order.selected) {

@@ -1,12 +1,14 @@
 #pragma once
 
 #include <cstdint>
+#include <tuple>
 #include <utility>
 #include <vector>
 
 #include "grammar/child_table.h"
 #include "grammar/grammar.h"
 #include "grammar/linked_rules.h"
+#include "grammar/ranked_set.h"
 
 namespace tessarin {
 
@@ -52,6 +54,8 @@ class RepeatTrie {
   private:
     static constexpr std::int32_t kRoot = 0;
     static constexpr std::int32_t kUnknown = -1;
+    static constexpr std::int32_t kNotRanked = -1;
+    static constexpr std::int32_t kWaitingToBeRanked = -2;
 
     struct Node {
         std::int32_t parent = -1;
@@ -64,8 +68,10 @@ class RepeatTrie {
         std::int32_t first_slot = -1;   // slots whose path ends here
         std::int32_t group_index = -1;  // place in groups_[depth] while the word repeats
         std::int32_t first_occurrence = kUnknown;
-        std::int32_t kept = kUnknown;         // count after pruning
-        std::int8_t self_overlap = kUnknown;  // 1 when two occurrences can overlap
+        std::int32_t kept = kUnknown;            // count after pruning
+        std::int8_t self_overlap = kUnknown;     // 1 when two occurrences can overlap
+        std::int32_t search_entry = kNotRanked;  // in pairs_by_search_, for a pair that repeats
+        std::int32_t list_entry = kNotRanked;    // in pairs_by_list_
     };
 
     // A length group found by carrying the list on, outside the trie.
@@ -114,6 +120,10 @@ class RepeatTrie {
     bool SearchBefore(std::int32_t a, std::int32_t b);
     bool ListBefore(std::int32_t a, std::int32_t b);
 
+    // The pairs ranked.
+    void PairChanged(std::int32_t node);
+    void RankChangedPairs();
+
     // The list.
     struct Place {
         int length = 0;
@@ -138,14 +148,23 @@ class RepeatTrie {
     std::vector<std::int32_t> prev_at_node_;
     std::vector<std::vector<std::int32_t>> groups_;  // per length: the nodes of the words that repeat
 
+    // The pairs that repeat in search order (-count, first, second) and in list order (-kept,
+    // -count, first, second), kept up to date, so that the pair search of a pass costs a
+    // logarithm of their number rather than a scan of them all, as in Re-Pair's priority queue.
+    RankedSet<std::tuple<std::int32_t, std::int32_t, std::int32_t>> pairs_by_search_;
+    RankedSet<std::tuple<std::int32_t, std::int32_t, std::int32_t, std::int32_t>> pairs_by_list_;
+    std::vector<std::int32_t> changed_pairs_;
+
     int view_length_ = 0;
     std::vector<Extension> extensions_;
     std::int64_t generation_ = 0;  // grows with every rule, so cached orders expire
     std::vector<GroupOrder> orders_;
 
-    std::vector<std::int32_t> pending_;    // slots waiting to be extended
-    std::vector<std::int32_t> scratch_;    // the nodes of a subtree still to visit
-    std::vector<std::int32_t> selection_;  // a group being partly ordered
+    std::vector<std::int32_t> pending_;           // slots waiting to be extended
+    std::vector<std::int32_t> scratch_;           // the nodes of a subtree still to visit
+    std::vector<std::int32_t> selection_;         // a group being partly ordered
+    std::vector<std::int32_t> selection_word_;    // a word's symbols and
+    std::vector<std::int32_t> selection_border_;  // its prefix function
     // Splitting occurrences by the symbol after them.
     std::vector<std::int32_t> seen_at_stamp_;  // per symbol
     std::vector<std::int32_t> child_of_symbol_;

@@ -4,7 +4,11 @@ namespace tessarin {
 
 std::string SymbolText(std::int32_t code, const CurrentSequence& sequence) {
     if (code >= 1 && code <= sequence.AlphabetSize()) return std::string(1, static_cast<char>(sequence.alphabet[code]));
-    return "[" + std::to_string(code) + "]";
+    // Appended piece by piece: GCC 12 at -O3 warns falsely about "[" + text + "]".
+    std::string text(1, '[');
+    text += std::to_string(code);
+    text += ']';
+    return text;
 }
 
 std::string RuleText(const WordRecord& rule, const CurrentSequence& sequence) {

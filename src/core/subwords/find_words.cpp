@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 #include "logfile/number_text.h"
 #include "subwords/child_grouping.h"
@@ -20,16 +21,26 @@ int LastLength(const WordList& words) {
 }
 
 // Moves the words of `found` to the end of the list ordered by falling count, equal counts in
-// their order in `found`. Sorting (count, index) keys spares moving whole records while sorting.
+// their order in `found`: a counting sort, as counts are small numbers and groups can be large.
 void AppendByFallingCount(WordList& found, WordList& words) {
-    std::vector<std::uint64_t> order(found.size());
+    std::vector<int> counts(found.size());
+    int most = 0;
     for (std::size_t i = 0; i < found.size(); ++i) {
-        const std::uint64_t rarity = std::numeric_limits<std::uint32_t>::max() - found[i].Count();
-        order[i] = rarity << 32 | i;
+        counts[i] = found[i].Count();
+        most = std::max(most, counts[i]);
     }
-    std::sort(order.begin(), order.end());
-    for (const std::uint64_t key : order)
-        words.push_back(std::move(found[key & std::numeric_limits<std::uint32_t>::max()]));
+    // next[most - count]: where the next word with that count goes.
+    std::vector<std::size_t> next(static_cast<std::size_t>(most) + 1, 0);
+    for (const int count : counts)
+        ++next[most - count];
+    std::size_t start = 0;
+    for (std::size_t& at : next)
+        start += std::exchange(at, start);
+    std::vector<std::size_t> order(found.size());
+    for (std::size_t i = 0; i < found.size(); ++i)
+        order[next[most - counts[i]]++] = i;
+    for (const std::size_t i : order)
+        words.push_back(std::move(found[i]));
 }
 
 void NumberGroup(WordList& words, int first) {

@@ -23,7 +23,7 @@ int SequenceCount() {
 // longer ones that reach several lengths and many passes.
 std::string RandomSequence(std::mt19937& random) {
     const int letters = std::uniform_int_distribution<int>(1, 6)(random);
-    const int longest = std::uniform_int_distribution<int>(0, 9)(random) == 0 ? 80 : 24;
+    const int longest = std::uniform_int_distribution<int>(0, 19)(random) == 0 ? 40 : 12;
     const int length = std::uniform_int_distribution<int>(1, longest)(random);
     std::uniform_int_distribution<int> letter(0, letters - 1);
     std::string text;
