@@ -11,7 +11,13 @@ if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
     exec build/release/bin/tessarin
 fi
 
-echo "No display found: running a headless demo with tessarin-cli on examples/dna.txt"
+echo "No display found: a headless demo with tessarin-cli on examples/dna.txt"
 demo=$(mktemp -d)
 cp examples/dna.txt "$demo/"
-build/release/bin/tessarin-cli --program-dir "$demo" display "$demo/dna.txt"
+cli="build/release/bin/tessarin-cli --program-dir $demo"
+$cli display "$demo/dna.txt"
+echo
+$cli complexity --method nvogram "$demo/dna.txt"
+echo
+echo "Reports written to $demo:"
+ls "$demo"

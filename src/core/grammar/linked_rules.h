@@ -23,7 +23,6 @@ class LinkedRules {
     std::int32_t Prev(std::int32_t slot) const { return prev_[slot]; }
     // The slot `steps` places after `slot` in its rule; the rule must be long enough.
     std::int32_t Advance(std::int32_t slot, int steps) const;
-    std::int32_t RuleCount() const { return static_cast<std::int32_t>(first_slots_.size()); }
 
     // Makes `slot` hold `code` in place of the `length` symbols that start there.
     void Replace(std::int32_t slot, int length, std::int32_t code);

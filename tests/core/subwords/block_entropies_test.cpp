@@ -67,47 +67,11 @@ INSTANTIATE_TEST_SUITE_P(RandomSequences, BlockEntropiesTest,
                          ::testing::Values(EntropyCase{2, 60, 1}, EntropyCase{3, 120, 2}, EntropyCase{4, 200, 3},
                                            EntropyCase{20, 300, 4}));
 
-// Catches the length limit ignored, or lengths below it changed by it.
-TEST(BlockEntropiesLimitTest, MaxNCapsTheTableWithoutChangingShorterLengths) {
-    const std::vector<std::int32_t> coded = Coded("ABABAB");
-    EntropyTable full;
-    ASSERT_EQ(ComputeBlockEntropies(coded, 5, std::log(2.0), full, "abab", NoProgress), 4);
-    EntropyTable capped;
-    ASSERT_EQ(ComputeBlockEntropies(coded, 2, std::log(2.0), capped, "abab", NoProgress), 2);
-    EXPECT_EQ(capped, EntropyTable(full.begin(), full.begin() + 3));
-}
-
-// Catches a search started without a length, and a table cleared when nothing is computed.
-TEST(BlockEntropiesLimitTest, MaxNBelowOneDoesNothing) {
-    EntropyTable table{0.0F, 0.5F};
-    EXPECT_EQ(ComputeBlockEntropies(Coded("AAAA"), 0, std::log(2.0), table, "aaaa", NoProgress), 0);
-    EXPECT_EQ(table, (EntropyTable{0.0F, 0.5F}));
-}
-
 // Catches a read past the list when no symbol repeats.
 TEST(BlockEntropiesLimitTest, NoRepeatedSymbolGivesNoLength) {
     EntropyTable table;
     EXPECT_EQ(ComputeBlockEntropies(Coded("ABCD"), 3, std::log(4.0), table, "abcd", NoProgress), 0);
     EXPECT_EQ(table, EntropyTable{0.0F});
-}
-
-// Catches a cancelled search whose partial list derails the group walk for the complete lengths.
-TEST(BlockEntropiesLimitTest, CancelledSearchKeepsTheCompleteLengths) {
-    const std::vector<std::int32_t> coded = Coded("ABBABAABBBABAABABBBAABAB");
-    EntropyTable full;
-    ComputeBlockEntropies(coded, 23, std::log(2.0), full, "x", NoProgress);
-    bool cancelled = false;
-    const ProgressFn cancel_at_length_3 = [&](const std::string& text, float) {
-        cancelled = cancelled || text.find("len = 3") != std::string::npos;
-        return cancelled;
-    };
-    EntropyTable partial;
-    const int nmax = ComputeBlockEntropies(coded, 23, std::log(2.0), partial, "x", cancel_at_length_3);
-    ASSERT_TRUE(cancelled);
-    ASSERT_GE(nmax, 2);
-    ASSERT_LE(nmax, 3);
-    EXPECT_EQ(partial[1], full[1]);
-    EXPECT_EQ(partial[2], full[2]);
 }
 
 }  // namespace
