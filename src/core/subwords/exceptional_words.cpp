@@ -1,5 +1,6 @@
 #include "subwords/exceptional_words.h"
 
+#include <string>
 #include <vector>
 
 #include "logfile/log_file.h"
@@ -79,8 +80,11 @@ bool FindExceptionalWords(Session& session, int positions_flag, int max_length) 
             headed_length = length;
         }
         const auto chance = static_cast<float>(static_cast<double>(predicted) / observed);
-        WriteLogLine(session, "{" + WordToText(word, sequence) + "}\t f =" + SingleText(observed) +
-                                  "\t p =" + SingleText(predicted) + "\tChance p/f =" + SingleText(chance));
+        // Appended piece by piece: GCC 12 warns falsely (-Wrestrict) on "literal" + temporary string.
+        std::string line = "{";
+        line.append(WordToText(word, sequence)).append("}\t f =").append(SingleText(observed));
+        line.append("\t p =").append(SingleText(predicted)).append("\tChance p/f =").append(SingleText(chance));
+        WriteLogLine(session, line);
         if (positions_flag == 0) WriteLogLine(session, PositionsLine(word));
     });
     return true;

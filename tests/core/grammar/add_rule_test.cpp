@@ -2,14 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include "support/grammar_rule.h"
+
 namespace tessarin {
 namespace {
 
-WordRecord Rule(std::vector<std::int32_t> symbols) {
-    WordRecord rule;
-    rule.symbols = std::move(symbols);
-    return rule;
-}
+using testing::Rule;
 
 struct ReplaceCase {
     const char* fault;

@@ -2,19 +2,17 @@
 
 #include <gtest/gtest.h>
 
+#include "support/grammar_rule.h"
+
 namespace tessarin {
 namespace {
+
+using testing::Rule;
 
 CurrentSequence Acgt() {
     CurrentSequence sequence;
     sequence.alphabet = {0, 'A', 'C', 'G', 'T'};
     return sequence;
-}
-
-WordRecord Rule(std::vector<std::int32_t> symbols) {
-    WordRecord rule;
-    rule.symbols = std::move(symbols);
-    return rule;
 }
 
 struct SymbolCase {

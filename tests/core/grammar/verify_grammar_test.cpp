@@ -2,17 +2,15 @@
 
 #include <gtest/gtest.h>
 
+#include "support/grammar_rule.h"
+
 #include "sequence/sequence_summary.h"
 #include "support/scripted_host.h"
 
 namespace tessarin {
 namespace {
 
-WordRecord Rule(std::vector<std::int32_t> symbols) {
-    WordRecord rule;
-    rule.symbols = std::move(symbols);
-    return rule;
-}
+using testing::Rule;
 
 struct VerifyCase {
     const char* fault;
