@@ -1,3 +1,6 @@
+// The subword search alone, all lengths without a limit, as the local uncertainties make it: on
+// random text, where the words stop at about the logarithm of the length, and on periodic text,
+// where every length up to the whole text but one period repeats.
 #include <benchmark/benchmark.h>
 
 #include <random>
@@ -5,7 +8,7 @@
 
 #include "sequence/alphabet.h"
 #include "sequence/sequence_file.h"
-#include "subwords/find_words.h"
+#include "subwords/subword_search.h"
 
 namespace tessarin {
 namespace {
@@ -19,35 +22,39 @@ CodedSequence RandomFourLetters(int length) {
     return sequence;
 }
 
-// An example file coded as the program codes it: symbols 1..K in ascending character order.
-CodedSequence ExampleFile(const std::string& name) {
-    CurrentSequence current;
-    current.text = ReadTextFile(TESSARIN_EXAMPLES, name);
-    std::vector<std::int64_t> counts(256, 0);
-    for (const unsigned char c : current.text)
-        ++counts[c];
-    BuildAlphabet(counts, current);
-    return EncodeSequence(current, current.text);
+// Symbols 1, 2, .., period, 1, 2, ...: a discretised sine wave looks like this.
+CodedSequence Periodic(int length, int period) {
+    CodedSequence sequence{0};
+    for (int p = 1; p <= length; ++p)
+        sequence.push_back((p - 1) % period + 1);
+    return sequence;
 }
 
-// A fresh search with no length limit, as the local uncertainties and the longest-words grammar
-// methods make it.
+// An example file coded as the program codes it: symbols 1..K in ascending character order.
+CodedSequence ExampleFile(const std::string& name) {
+    const std::string text = ReadTextFile(TESSARIN_EXAMPLES, name);
+    return Encode(BuildAlphabet(text), text);
+}
+
+// Every group in turn, dropped as the next is built; counts what a report would see.
 void SearchAllLengths(benchmark::State& state, const CodedSequence& sequence) {
-    const SequenceSet sequences{sequence};
-    WordList words;
-    for (auto _ : state) {
-        state.PauseTiming();  // dropping the last result is the caller's cost, not the search's
-        words.assign(1, WordRecord{});
-        state.ResumeTiming();
-        FindWords(sequences, words, kNoLengthLimit, "bench", NoProgress);
-        benchmark::DoNotOptimize(words.data());
-    }
+    std::int64_t words = 0;
     std::int64_t occurrences = 0;
-    for (const WordRecord& word : words)
-        occurrences += word.Count();
-    state.counters["words"] = static_cast<double>(words.size() - 1);
+    int longest = 0;
+    for (auto _ : state) {
+        SubwordSearch search({sequence}, FindWordsParams{kNoLengthLimit, false, "bench"}, NoProgress);
+        words = occurrences = 0;
+        while (const SubwordGroup* group = search.NextGroup()) {
+            longest = group->length;
+            for (const Subword& word : group->words) {
+                ++words;
+                occurrences += word.count;
+            }
+        }
+    }
+    state.counters["words"] = static_cast<double>(words);
     state.counters["occurrences"] = static_cast<double>(occurrences);
-    state.counters["longest"] = words.back().Length();
+    state.counters["longest"] = longest;
 }
 
 void BM_FindWordsRandomFourLetters(benchmark::State& state) {
@@ -55,8 +62,7 @@ void BM_FindWordsRandomFourLetters(benchmark::State& state) {
 }
 BENCHMARK(BM_FindWordsRandomFourLetters)->Arg(4000)->Arg(40000)->Arg(400000)->Unit(benchmark::kMillisecond);
 
-// The same sequences with the letters coded far apart, as a grammar's rules are: the time must
-// not depend on the size of the codes.
+// The same sequences with the letters coded far apart: the time must not depend on the codes.
 void BM_FindWordsRandomFourLargeCodes(benchmark::State& state) {
     constexpr std::int32_t kCodes[] = {0, 1, 100000, 65536000, 2147483647};
     CodedSequence sequence = RandomFourLetters(static_cast<int>(state.range(0)));
@@ -65,6 +71,12 @@ void BM_FindWordsRandomFourLargeCodes(benchmark::State& state) {
     SearchAllLengths(state, sequence);
 }
 BENCHMARK(BM_FindWordsRandomFourLargeCodes)->Arg(40000)->Unit(benchmark::kMillisecond);
+
+// Period 3 over 100,000 symbols: 300,000 words holding five billion occurrences.
+void BM_FindWordsPeriodic(benchmark::State& state) {
+    SearchAllLengths(state, Periodic(static_cast<int>(state.range(0)), static_cast<int>(state.range(1))));
+}
+BENCHMARK(BM_FindWordsPeriodic)->Args({10240, 256})->Args({100000, 3})->Unit(benchmark::kMillisecond);
 
 void BM_FindWordsExample(benchmark::State& state, const std::string& name) {
     SearchAllLengths(state, ExampleFile(name));

@@ -2,7 +2,6 @@
 
 #include <unistd.h>
 
-#include <filesystem>
 #include <iostream>
 
 namespace tessarin {
@@ -14,19 +13,9 @@ bool StderrIsTerminal() {
 
 }  // namespace
 
-void CliHost::QueueFile(const std::string& path) {
-    // Absolute, as a file dialog answers, so that the report headers match the desktop program's.
-    const std::filesystem::path absolute = std::filesystem::absolute(path).lexically_normal();
-    std::string folder = absolute.parent_path().string();
-    if (folder.empty() || folder.back() != '/') folder += '/';
-    files_.push_back(FileChoice{folder, absolute.filename().string()});
-}
-
-void CliHost::QueueInput(const std::string& answer) {
-    inputs_.push_back(answer);
-}
-
 void CliHost::PrintMainLine(const std::string& line) {
+    // After a closed standard output (a pipe whose reader has gone) the stream stays failed and
+    // the lines are dropped; the run and its report go on.
     std::cout << line << '\n' << std::flush;
 }
 
@@ -61,17 +50,7 @@ bool CliHost::AskYesNo(const std::string& question, const std::string&) {
 
 std::optional<std::string> CliHost::AskInput(const std::string&, const std::string&,
                                              const std::string& default_answer) {
-    if (inputs_.empty()) return default_answer;
-    std::string answer = inputs_.front();
-    inputs_.pop_front();
-    return answer;
-}
-
-std::optional<FileChoice> CliHost::ChooseFile(FileDialogKind, const FileChoice&, const std::string&) {
-    if (files_.empty()) return std::nullopt;
-    FileChoice choice = files_.front();
-    files_.pop_front();
-    return choice;
+    return default_answer;
 }
 
 void CliHost::ShowFile(const std::string& path) {

@@ -7,8 +7,6 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 
-#include "grammar/grammar_command.h"
-
 namespace tessarin {
 namespace {
 

@@ -7,6 +7,10 @@ class QButtonGroup;
 
 namespace tessarin {
 
+// Bits of the grammar options word.
+inline constexpr int kGrammarOptionsConfirmed = 1;  // the options form was closed with OK
+inline constexpr int kGrammarOptionsAllFiles = 2;   // analyse every file of the folder
+
 // The grammar options form: the rule-selection method and whether one file or the whole folder
 // is analysed. The buttons are named Method_Obt_<index> and Analyze_Obt_<index>.
 class Grammar_Form : public QDialog {

@@ -18,6 +18,7 @@
 #include "ui/qt_text.h"
 #include "ui/rtf_reader.h"
 #include "ui/text_form.h"
+#include "version.h"
 
 namespace tessarin {
 namespace {
@@ -25,12 +26,13 @@ namespace {
 constexpr const char* kHelpFileName = "Tessarin.rtf";
 constexpr const char* kImageNameWithoutSequence = "tessarin";
 
-constexpr const char* kAboutText =
-    "TESSARIN: Grammatical Complexity Analysis\n"
-    "Version 1.7, 2026\n\n"
-    "Written by the Tessarin developers.\n\n"
-    "Obtain it from its source repository.\n"
-    "Developed as an open project.";
+const QString kAboutText = QString(
+                               "TESSARIN: Grammatical Complexity Analysis\n"
+                               "Version %1, 2026\n\n"
+                               "Written by the Tessarin developers.\n\n"
+                               "Obtain it from its source repository.\n"
+                               "Developed as an open project.")
+                               .arg(kVersion);
 
 }  // namespace
 

@@ -8,32 +8,20 @@
 #include <QtConcurrent/QtConcurrentRun>
 #include <utility>
 
-#include "grammar/grammar_command.h"
-#include "sequence/display_sequence.h"
-#include "sequence/test_sequence.h"
-#include "subwords/block_entropies.h"
-#include "subwords/exceptional_words.h"
-#include "subwords/local_uncertainties.h"
-#include "subwords/references.h"
-#include "subwords/repeated_words.h"
-#include "ui/grammar_form.h"
+#include "sequence/sequence_file.h"
+#include "ui/file_dialog.h"
 #include "ui/main_surface.h"
+#include "ui/plot_form.h"
+#include "ui/text_form.h"
 
 namespace tessarin {
 namespace {
 
-// Windows of the named form class (the class name without namespace, as the form is called).
-bool IsForm(const QWidget* widget, const char* form_name) {
-    for (const QMetaObject* meta = widget->metaObject(); meta != nullptr; meta = meta->superClass()) {
-        const QString class_name = meta->className();
-        if (class_name.section("::", -1) == form_name) return true;
-    }
-    return false;
-}
-
-void CloseWindowsOfForm(const char* form_name) {
+// Closes every visible window of one kind of form.
+template <typename Form>
+void CloseWindowsOf() {
     for (QWidget* widget : QApplication::topLevelWidgets()) {
-        if (widget->isVisible() && IsForm(widget, form_name)) widget->close();
+        if (widget->isVisible() && qobject_cast<Form*>(widget) != nullptr) widget->close();
     }
 }
 
@@ -75,26 +63,27 @@ QStringList MainForm::PrintedLines() const {
 }
 
 void MainForm::ConnectCommands() {
-    AddCommand(menu_.display_sequence_file, DisplaySequenceFile);
-    AddCommand(menu_.create_test_sequence, CreateTestSequence);
-    AddCommandItem(menu_.save_image_as, [this] { SaveImageAs(); });
-    for (const int positions_flag : {0, 1}) {
-        AddCommand(menu_.repeated_words[positions_flag],
-                   [positions_flag](Session& session) { return RunRepeatedWords(session, positions_flag); });
-        AddCommand(menu_.exceptional_words[positions_flag],
-                   [positions_flag](Session& session) { return RunExceptionalWords(session, positions_flag); });
+    // The items the desktop program handles itself, by their control names.
+    const QHash<QString, std::function<void()>> own_items{
+        {"File_SaveImageAs", [this] { SaveImageAs(); }},
+        {"File_Print", [this] { PrintImage(); }},
+        {"File_Exit", [this] { close(); }},
+        {"Edit_Copy", [this] { CopyImage(); }},
+        {"View_CloseallTextWindows", [] { CloseWindowsOf<TextForm>(); }},
+        {"View_CloseallPlotWindows", [] { CloseWindowsOf<Plot_Form>(); }},
+        {"Help_About", [this] { ShowAbout(); }},
+        {"Help_UsingTessarin", [this] { ShowHelp(); }},
+    };
+    for (auto item = menu_.cbegin(); item != menu_.cend(); ++item) {
+        const MenuItem& menu_item = item.value();
+        if (menu_item.row->run != nullptr) {
+            AddCommandItem(menu_item.action, [this, menu_item] { StartTableCommand(menu_item); });
+        } else if (item.key() == "File_SaveImageAs") {
+            AddCommandItem(menu_item.action, own_items.value(item.key()));
+        } else {
+            connect(menu_item.action, &QAction::triggered, this, own_items.value(item.key()));
+        }
     }
-    AddCommand(menu_.subword_entropies, RunBlockEntropies);
-    AddCommand(menu_.conditional_uncertainties, RunLocalUncertainties);
-    AddCommandItem(menu_.grammar_complexity, [this] { StartGrammarComplexity(); });
-    AddCommand(menu_.references, RunReferences);
-    connect(menu_.print, &QAction::triggered, this, &MainForm::PrintImage);
-    connect(menu_.copy, &QAction::triggered, this, &MainForm::CopyImage);
-    connect(menu_.exit, &QAction::triggered, this, &MainForm::close);
-    connect(menu_.close_text_windows, &QAction::triggered, this, [] { CloseWindowsOfForm("TextForm"); });
-    connect(menu_.close_plot_windows, &QAction::triggered, this, [] { CloseWindowsOfForm("Plot_Form"); });
-    connect(menu_.about, &QAction::triggered, this, &MainForm::ShowAbout);
-    connect(menu_.using_tessarin, &QAction::triggered, this, &MainForm::ShowHelp);
 }
 
 void MainForm::AddCommandItem(QAction* action, std::function<void()> handler) {
@@ -102,8 +91,13 @@ void MainForm::AddCommandItem(QAction* action, std::function<void()> handler) {
     command_actions_.append(action);
 }
 
-void MainForm::AddCommand(QAction* action, CommandFlow flow) {
-    AddCommandItem(action, [this, flow = std::move(flow)] { StartCommand(flow); });
+void MainForm::StartTableCommand(const MenuItem& item) {
+    if (running_) return;
+    std::optional<CommandParams> params = GatherCommandInputs(this, session_, item, form_settings_);
+    if (!params) return;
+    params->generate_state = &generate_state_;
+    running_row_ = item.row;
+    StartCommand([run = item.row->run, params = *params](Session& session) { return run(session, params); });
 }
 
 void MainForm::StartCommand(CommandFlow flow) {
@@ -116,18 +110,20 @@ void MainForm::StartCommand(CommandFlow flow) {
     watcher_.setFuture(QtConcurrent::run([this, flow = std::move(flow)] { return ExecuteCommand(session_, flow); }));
 }
 
-void MainForm::StartGrammarComplexity() {
-    GrammarSettings& settings = session_.grammar_settings();
-    Grammar_Form form(this);
-    if (!form.Settings(settings.method, settings.options)) return;
-    StartCommand([method = settings.method, options = settings.options](Session& session) {
-        return RunGrammarComplexity(session, method, options);
-    });
+void MainForm::ShowGeneratedSeries() {
+    if (generate_state_.series.values.size() < 2) return;
+    auto* plot = new Plot_Form(generate_state_.series, generate_state_.thresholds, "Distribution Function P(x)");
+    plot->show();
 }
 
 void MainForm::OnCommandFinished() {
     host_.EndProgress();  // in case the command ended without closing its progress display
     running_ = false;
+    const CommandRow* finished = std::exchange(running_row_, nullptr);
+    if (finished != nullptr && watcher_.result() == Outcome::kCompleted &&
+        (finished->input == CommandInput::kGenerate || finished->input == CommandInput::kDiscretize)) {
+        ShowGeneratedSeries();
+    }
     SetCommandsEnabled(true);
     emit CommandFinished();
     if (std::exchange(close_when_finished_, false)) close();

@@ -7,8 +7,10 @@
 #include <functional>
 #include <string>
 
+#include "generate/generate_command.h"
 #include "session/command.h"
 #include "session/session.h"
+#include "ui/command_inputs.h"
 #include "ui/main_menu.h"
 #include "ui/qt_host.h"
 
@@ -48,14 +50,14 @@ class MainForm : public QMainWindow {
     void ConnectCommands();
     // An item that works on the session: disabled while any command runs.
     void AddCommandItem(QAction* action, std::function<void()> handler);
-    // An item that runs `flow` on the worker thread.
-    void AddCommand(QAction* action, CommandFlow flow);
+    // Gathers the item's inputs on the GUI thread, then runs its command on the worker.
+    void StartTableCommand(const MenuItem& item);
     void SetCommandsEnabled(bool enabled);
     // Any key, or closing the window during a run.
     void RequestAbort();
     void OnCommandFinished();
-    // The options form on the GUI thread, then the run on the worker.
-    void StartGrammarComplexity();
+    // After a generation: the series in a plot window.
+    void ShowGeneratedSeries();
 
     // Menu handlers that work on the GUI thread alone.
     void SaveImageAs();
@@ -70,8 +72,11 @@ class MainForm : public QMainWindow {
     QLabel* aux_pbx_;
     QtHost host_;
     Session session_;
-    MainMenu menu_;
+    QHash<QString, MenuItem> menu_;
     QList<QAction*> command_actions_;
+    FormSettings form_settings_;
+    GenerateState generate_state_;
+    const CommandRow* running_row_ = nullptr;
     QFutureWatcher<Outcome> watcher_;
     bool running_ = false;  // from the start of a command until its end has been handled here
     bool close_when_finished_ = false;

@@ -1,35 +1,25 @@
 #pragma once
 
-#include <array>
+#include <QHash>
+#include <QString>
+
+#include "commands/command_table.h"
 
 class QAction;
 class QMenuBar;
 
 namespace tessarin {
 
-// The main window's menu items that do something. The menu also holds the items of analyses
-// still to come: present, named and captioned, but disabled.
-struct MainMenu {
-    QAction* display_sequence_file;
-    QAction* save_image_as;
-    QAction* print;
-    QAction* exit;
-    QAction* copy;
-    QAction* create_test_sequence;
-    QAction* close_text_windows;
-    QAction* close_plot_windows;
-    // Index 0 "With Positions", index 1 "Without Positions"; the index is also the action's data.
-    std::array<QAction*, 2> repeated_words;
-    std::array<QAction*, 2> exceptional_words;
-    QAction* subword_entropies;
-    QAction* conditional_uncertainties;
-    QAction* grammar_complexity;
-    QAction* about;
-    QAction* references;
-    QAction* using_tessarin;
+// A menu item and the command row it stands for; `positions_index` is 0 for "With &Positions",
+// 1 for "&Without Positions" and -1 for an item that is no such pair's.
+struct MenuItem {
+    QAction* action = nullptr;
+    const CommandRow* row = nullptr;
+    int positions_index = -1;
 };
 
-// Fills the menu bar: every item carries its control name as Qt object name, separators too.
-MainMenu BuildMainMenu(QMenuBar& bar);
+// Fills the menu bar from the command table: every item carries its control name as Qt object
+// name, separators too. Answers the items by object name ("Subwords_WithPositions_0" for a pair's).
+QHash<QString, MenuItem> BuildMainMenu(QMenuBar& bar);
 
 }  // namespace tessarin

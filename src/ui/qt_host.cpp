@@ -105,10 +105,6 @@ std::optional<std::string> QtHost::AskInput(const std::string& prompt, const std
     });
 }
 
-std::optional<FileChoice> QtHost::ChooseFile(FileDialogKind kind, const FileChoice& start, const std::string& filter) {
-    return Ask([&] { return ChooseFileWithDialog(&window_, kind, start, filter); });
-}
-
 void QtHost::ShowFile(const std::string& path) {
     Post([this, file = FromPath(path)] {
         QString error;

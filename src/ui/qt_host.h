@@ -31,8 +31,6 @@ class QtHost : public QObject, public Host {
     bool AskYesNo(const std::string& question, const std::string& title) override;
     std::optional<std::string> AskInput(const std::string& prompt, const std::string& title,
                                         const std::string& default_answer) override;
-    std::optional<FileChoice> ChooseFile(FileDialogKind kind, const FileChoice& start,
-                                         const std::string& filter) override;
     void ShowFile(const std::string& path) override;
     void ShowText(const std::string& caption, const std::string& text) override;
 

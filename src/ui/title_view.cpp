@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "ui/fonts.h"
+#include "version.h"
 
 namespace tessarin {
 namespace {
@@ -46,7 +47,7 @@ void TitleView::paintEvent(QPaintEvent*) {
 
     painter.setFont(SizedFont(SerifFont(), h / 16, false, false));
     painter.setPen(QColor(60, 60, 60));
-    painter.drawText(QRect(0, y + h / 20, w, h / 10), Qt::AlignCenter, "Version 1.7");
+    painter.drawText(QRect(0, y + h / 20, w, h / 10), Qt::AlignCenter, QString("Version %1").arg(kVersion));
 
     QFont makers_font;  // the application's sans face
     painter.setFont(SizedFont(makers_font, h / 32, false, false));

@@ -15,7 +15,6 @@ class ScriptedHost : public Host {
     std::vector<std::string> captions;  // progress captions, in order
     std::vector<std::string> messages;  // message box texts
     std::vector<std::string> shown;     // files and text captions shown in text windows
-    std::deque<FileChoice> files;       // answers of the next file dialogs
     std::deque<std::string> inputs;     // answers of the next input boxes (default when empty)
     std::deque<bool> answers;           // answers of the next yes/no questions (no when empty)
     int begin_count = 0;
@@ -30,10 +29,6 @@ class ScriptedHost : public Host {
     bool AskYesNo(const std::string&, const std::string&) override { return Pop(answers, false); }
     std::optional<std::string> AskInput(const std::string&, const std::string&, const std::string& d) override {
         return Pop(inputs, d);
-    }
-    std::optional<FileChoice> ChooseFile(FileDialogKind, const FileChoice&, const std::string&) override {
-        if (files.empty()) return std::nullopt;
-        return Pop(files, FileChoice{});
     }
     void ShowFile(const std::string& path) override { shown.push_back(path); }
     void ShowText(const std::string& caption, const std::string&) override { shown.push_back(caption); }

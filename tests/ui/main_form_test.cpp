@@ -168,7 +168,7 @@ class MainFormTest : public QObject {
         QVERIFY(!form_->isVisible());
         QVERIFY(!second_ran);
         QVERIFY(Action("View_DisplaySequenceFile")->isEnabled());
-        QVERIFY(!Action("Calc_SurrogateStatistics")->isEnabled());
+        QVERIFY(Action("Calc_SurrogateStatistics")->isEnabled());
     }
 
     void subwordCommandsRunFromTheMenu_data() {

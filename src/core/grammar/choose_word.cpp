@@ -2,8 +2,6 @@
 
 #include <cstdint>
 
-#include "grammar/grammar.h"
-
 namespace tessarin {
 namespace {
 
@@ -12,43 +10,43 @@ namespace {
 // a group would start below place 2, or its first word is shorter than 2 symbols. The group of
 // single symbols is never examined: any step from inside it lands inside it again.
 template <typename Examine>
-void WalkRepresentatives(RepeatTrie& list, Examine examine) {
+void WalkRepresentatives(WordListView& list, Examine examine) {
     int i = list.WordCount();
     while (i >= 2) {
-        const RepeatTrie::Entry here = list.At(i);
+        const WordListView::Entry here = list.At(i);
         if (here.length < 2) return;
         const int start = i + 1 - here.rank;
         if (start < 2) return;
-        const RepeatTrie::Entry first = list.At(start);
+        const WordListView::Entry first = list.At(start);
         if (first.length < 2) return;
         if (examine(start, first)) return;
         i = start - 1;
     }
 }
 
-int ChooseNvogram(RepeatTrie& list) {
+int ChooseNvogram(WordListView& list) {
     const int start = LastGroupStart(list);
-    const RepeatTrie::Entry first = list.At(start);
+    const WordListView::Entry first = list.At(start);
     if (first.length == 2 && first.count >= 3) return start;
     int chosen = 0;
-    WalkRepresentatives(list, [&](int position, const RepeatTrie::Entry& word) {
+    WalkRepresentatives(list, [&](int position, const WordListView::Entry& word) {
         if (word.count >= 2) chosen = position;
         return chosen != 0;
     });
     return chosen;
 }
 
-int ChooseShortestFirst(RepeatTrie& list) {
+int ChooseShortestFirst(WordListView& list) {
     for (int position = LastGroupStart(list); position <= list.WordCount(); ++position) {
-        const RepeatTrie::Entry word = list.At(position);
+        const WordListView::Entry word = list.At(position);
         if ((word.length == 2 && word.count >= 3) || (word.length >= 3 && word.count >= 2)) return position;
     }
     return 0;
 }
 
-int ChooseLongestFirst(RepeatTrie& list) {
+int ChooseLongestFirst(WordListView& list) {
     int chosen = 0;
-    WalkRepresentatives(list, [&](int position, const RepeatTrie::Entry& word) {
+    WalkRepresentatives(list, [&](int position, const WordListView::Entry& word) {
         if ((word.length == 2 && word.count > 2) || (word.length > 2 && word.count > 1)) chosen = position;
         return chosen != 0;
     });
@@ -57,10 +55,10 @@ int ChooseLongestFirst(RepeatTrie& list) {
 
 // Gain = symbols saved by replacing f occurrences with one symbol each, less the new rule's L;
 // only a strictly greater gain replaces the best, so ties go to the word met first.
-int ChooseMaximumGain(RepeatTrie& list) {
+int ChooseMaximumGain(WordListView& list) {
     int chosen = 0;
     std::int64_t best_gain = 0;
-    WalkRepresentatives(list, [&](int position, const RepeatTrie::Entry& word) {
+    WalkRepresentatives(list, [&](int position, const WordListView::Entry& word) {
         const std::int64_t gain = std::int64_t{word.length - 1} * (word.count - 1) - 1;
         if (gain > best_gain) {
             best_gain = gain;
@@ -73,24 +71,23 @@ int ChooseMaximumGain(RepeatTrie& list) {
 
 }  // namespace
 
-int LastGroupStart(RepeatTrie& list) {
+int LastGroupStart(WordListView& list) {
     const int last = list.WordCount();
     return last < 1 ? 0 : last + 1 - list.At(last).rank;
 }
 
-int ChooseWord(RepeatTrie& list, int method) {
+int ChooseWord(WordListView& list, Method method) {
     switch (method) {
-        case kNvogram:
+        case Method::kNvogram:
             return ChooseNvogram(list);
-        case kShortestFirst:
+        case Method::kShortestFirst:
             return ChooseShortestFirst(list);
-        case kLongestFirst:
+        case Method::kLongestFirst:
             return ChooseLongestFirst(list);
-        case kMaximumGain:
+        case Method::kMaximumGain:
             return ChooseMaximumGain(list);
-        default:
-            return 0;
     }
+    return 0;
 }
 
 }  // namespace tessarin

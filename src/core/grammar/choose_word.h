@@ -1,16 +1,18 @@
 #pragma once
 
-#include "grammar/repeat_trie.h"
+#include "grammar/method.h"
+#include "grammar/word_list_view.h"
 
 namespace tessarin {
 
-// The list position of the first word of the last group, by the rank in the header of the list's
-// last word (0 for an empty list). After pruning that rank may differ from the group's size;
-// the arithmetic is kept as it is, because it decides which word the methods look at.
-int LastGroupStart(RepeatTrie& list);
+// The list position of the first word of the last group, reckoned from the search rank of the
+// list's last word (0 for an empty list). Once the overlaps are dropped that rank may differ from
+// the group's size, and the reckoning then lands elsewhere; the golden reports and the reference
+// compression in the tests fix which word each method looks at, so it is kept.
+int LastGroupStart(WordListView& list);
 
 // The list position of the word that `method` makes the next rule, or 0 when none qualifies.
 // The list must end with a word of 2 or more symbols.
-int ChooseWord(RepeatTrie& list, int method);
+int ChooseWord(WordListView& list, Method method);
 
 }  // namespace tessarin

@@ -1,9 +1,8 @@
 #include "grammar/folder_complexity.h"
 
 #include <algorithm>
-#include <cmath>
-#include <filesystem>
 
+#include "common/safe_sqrt.h"
 #include "grammar/grammar_complexity.h"
 #include "logfile/log_file.h"
 #include "logfile/number_text.h"
@@ -42,7 +41,7 @@ void StartStatisticsLog(Session& session, const std::string& folder) {
 
 std::vector<std::string> FolderFiles(const std::string& folder, const std::string& extension) {
     std::vector<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+    for (const auto& entry : std::filesystem::directory_iterator(folder.empty() ? "." : folder)) {
         const std::string name = entry.path().filename().string();
         if (entry.is_regular_file() && Matches(name, extension)) names.push_back(name);
     }
@@ -50,11 +49,12 @@ std::vector<std::string> FolderFiles(const std::string& folder, const std::strin
     return names;
 }
 
-Outcome GrammarComplexityOfFolder(Session& session, int method, int flags) {
-    if (ChooseSequenceFile(session).empty()) return Outcome::kRefused;
+Outcome RunFolderComplexity(Session& session, Method method, const std::filesystem::path& chosen) {
     CurrentSequence& sequence = session.sequence();
-    const std::string folder = sequence.folder;
-    const std::vector<std::string> names = FolderFiles(folder, Extension(sequence.file_name));
+    std::string folder = chosen.parent_path().string();
+    if (!folder.empty() && folder.back() != '/') folder += '/';
+    sequence.folder = folder;
+    const std::vector<std::string> names = FolderFiles(folder, Extension(chosen.filename().string()));
     StartStatisticsLog(session, folder);
 
     // Sums in double; the average is stored in single precision and the spread derived from it.
@@ -65,20 +65,19 @@ Outcome GrammarComplexityOfFolder(Session& session, int method, int flags) {
         sequence.file_name = names[i];
         sequence.text = ReadTextFile(folder, names[i]);
         if (sequence.text.empty()) continue;
-        const float complexity = GrammarComplexity(session, method, flags);
-        if (session.Aborted()) break;
-        sum += complexity;
-        sum_of_squares += static_cast<double>(complexity) * complexity;
+        const std::optional<float> complexity = CurrentSequenceComplexity(session, method, false);
+        if (!complexity || session.Aborted()) break;
+        sum += *complexity;
+        sum_of_squares += static_cast<double>(*complexity) * *complexity;
         ++counted;
         PrintLine(session,
-                  IntegerText(static_cast<long long>(i + 1)) + ". " + names[i] + "\t K =" + SingleText(complexity));
+                  IntegerText(static_cast<long long>(i + 1)) + ". " + names[i] + "\t K =" + SingleText(*complexity));
     }
     float average = 0;
     float spread = 0;
     if (counted > 0) {
         average = static_cast<float>(sum / counted);
-        const double variance = sum_of_squares / counted - static_cast<double>(average) * average;
-        spread = static_cast<float>(variance < 0 ? 0 : std::sqrt(variance));
+        spread = static_cast<float>(SafeSqrt(sum_of_squares / counted - static_cast<double>(average) * average));
     }
     PrintLine(session, "");
     PrintLine(session, "Average Complexity =" + SingleText(average));

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
+#include "grammar/method.h"
 #include "session/command.h"
 
 namespace tessarin {
@@ -11,10 +13,10 @@ namespace tessarin {
 // a "."), in name order so that a run over a folder can be repeated exactly.
 std::vector<std::string> FolderFiles(const std::string& folder, const std::string& extension);
 
-// K_G of every file in the chosen file's folder that has its extension (the part after its
-// first "."), each run with `flags`. Lists each file's value, their average and spread on the
-// main window and in "Statistics.log". Refused when no file is chosen; cancelled when the
+// K_G of every file in the folder of `chosen` that has its extension (the part of its name after
+// the first "."), each verified and without a report of its own. Lists each file's value, their
+// average and spread on the main window and in "Statistics.log" beside them. Cancelled when the
 // user aborts, after the lines of the files done.
-Outcome GrammarComplexityOfFolder(Session& session, int method, int flags);
+Outcome RunFolderComplexity(Session& session, Method method, const std::filesystem::path& chosen);
 
 }  // namespace tessarin

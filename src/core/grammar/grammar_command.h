@@ -1,17 +1,22 @@
 #pragma once
 
+#include <filesystem>
+
+#include "grammar/method.h"
 #include "session/command.h"
 
 namespace tessarin {
 
-// Bits of the grammar options word.
-inline constexpr int kGrammarOptionsConfirmed = 1;  // the options form was closed with OK
-inline constexpr int kGrammarOptionsAllFiles = 2;   // analyse every file of the folder
+struct GrammarParams {
+    Method method = Method::kNvogram;
+    // Every file in the input's folder with the input's extension, instead of the input alone.
+    bool all_files = false;
+    std::filesystem::path input;  // the sequence file the user chose
+};
 
-// What "&Grammatical Complexity" does once its options form has been confirmed: with
-// kGrammarOptionsAllFiles the run over the chosen file's folder (verified, no report per file);
-// otherwise a file is chosen and its complexity computed with verification and report, ended by
-// the time needed or "User Abort". Refused when no sequence is chosen or it is empty.
-Outcome RunGrammarComplexity(Session& session, int method, int options);
+// "&Grammatical Complexity" once its options and file are chosen: the input's complexity with
+// its report, verified and ended by the time needed or "User Abort"; with `all_files` the run
+// over its folder (see RunFolderComplexity). Refused when the input is missing or empty.
+Outcome RunGrammarComplexity(Session& session, const GrammarParams& params);
 
 }  // namespace tessarin

@@ -1,32 +1,56 @@
 #include "grammar/grammar_complexity.h"
 
 #include "grammar/compress_grammar.h"
+#include "grammar/grammar_report.h"
+#include "grammar/verify_grammar.h"
 #include "logfile/log_file.h"
 #include "sequence/alphabet.h"
 #include "sequence/sequence_file.h"
 #include "sequence/sequence_summary.h"
 
 namespace tessarin {
+namespace {
 
-float GrammarComplexity(Session& session, int method, int flags) {
-    const CurrentSequence& sequence = session.sequence();
-    if (sequence.text.empty()) return 0;
-    const bool report = (flags & kReportFlag) != 0;
-    if (report) {
-        session.host().ClearMainWindow();
-        session.host().PrintMainLine("Compute Grammar Complexity  - Press any key to cancel");
-        session.host().PrintMainLine("Sequence " + sequence.folder + sequence.file_name);
-    }
-    if (sequence.text.size() < 2) return 0;
-    if (report) StartReportLog(session, FileBaseName(sequence.file_name) + ".log", "Compute Grammar Complexity");
-    SequenceSummary(session, sequence.text, report);
-    Grammar grammar = StartGrammar(EncodeSequence(sequence, sequence.text));
-    return CompressGrammar(session, grammar, method, flags);
+constexpr const char* kTitle = "Compute Grammar Complexity";
+constexpr const char* kVerifyFailedMessage = "Error: Rules do not construct initial sequence";
+
+}  // namespace
+
+std::optional<float> GrammarComplexityOfText(std::string_view text, Method method, const ProgressFn& progress) {
+    if (text.size() < 2) return 0.0F;
+    const Alphabet alphabet = BuildAlphabet(text);
+    const GrammarResult result =
+        CompressGrammar(Encode(alphabet, text), alphabet.Size(), method, CompressOptions{}, progress);
+    if (result.cancelled) return std::nullopt;
+    return static_cast<float>(result.complexity);
 }
 
-float GrammarComplexityOfText(Session& session, const std::string& text) {
-    session.sequence().text = text;
-    return GrammarComplexity(session, kNvogram, 0);
+std::optional<float> CurrentSequenceComplexity(Session& session, Method method, bool report) {
+    CurrentSequence& sequence = session.sequence();
+    if (report) {
+        session.host().ClearMainWindow();
+        session.host().PrintMainLine(std::string(kTitle) + "  - Press any key to cancel");
+        session.host().PrintMainLine("Sequence " + sequence.folder + sequence.file_name);
+    }
+    if (sequence.text.size() < 2) return 0.0F;
+    if (report) StartReportLog(session, FileBaseName(sequence.file_name) + ".log", kTitle);
+    const SequenceSummary summary = SummarizeSequence(sequence.text);
+    sequence.alphabet = summary.alphabet;
+    if (report) ReportSequenceSummary(session, summary);
+
+    const CodedSequence coded = Encode(sequence.alphabet, sequence.text);
+    const ProgressFn progress = session.Progress();
+    CompressOptions options;
+    options.progress_label = FileBaseName(sequence.file_name);
+    const GrammarResult result = CompressGrammar(coded, sequence.AlphabetSize(), method, options, progress);
+    if (result.cancelled) return std::nullopt;
+    if (report) ReportGrammar(session, result, method, sequence.alphabet);
+    progress("Verifying...", 0);
+    const bool verified = VerifyGrammar(result.rules, coded, sequence.AlphabetSize());
+    progress("", 1);
+    if (!verified) session.host().ShowMessage(kVerifyFailedMessage, kMessageTitle);
+    if (report) ShowLogFile(session);
+    return static_cast<float>(result.complexity);
 }
 
 }  // namespace tessarin

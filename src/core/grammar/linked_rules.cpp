@@ -2,10 +2,9 @@
 
 namespace tessarin {
 
-LinkedRules::LinkedRules(const Grammar& grammar) {
-    for (const WordRecord& rule : grammar) {
-        AppendRule(std::span<const std::int32_t>(rule.symbols).subspan(rule.symbols.empty() ? 0 : 1));
-    }
+LinkedRules::LinkedRules(std::span<const Rule> rules) {
+    for (const Rule& rule : rules)
+        AppendRule(rule.code, rule.symbols);
 }
 
 std::int32_t LinkedRules::Advance(std::int32_t slot, int steps) const {
@@ -21,8 +20,9 @@ void LinkedRules::Replace(std::int32_t slot, int length, std::int32_t code) {
     if (after >= 0) prev_[after] = slot;
 }
 
-std::int32_t LinkedRules::AppendRule(std::span<const std::int32_t> symbols) {
+std::int32_t LinkedRules::AppendRule(std::int32_t code, std::span<const std::int32_t> symbols) {
     const std::int32_t first = SlotCount();
+    codes_.push_back(code);
     first_slots_.push_back(first);
     for (std::size_t k = 0; k < symbols.size(); ++k) {
         const std::int32_t slot = first + static_cast<std::int32_t>(k);
@@ -33,18 +33,16 @@ std::int32_t LinkedRules::AppendRule(std::span<const std::int32_t> symbols) {
     return first;
 }
 
-Grammar LinkedRules::ToGrammar(int alphabet_size) const {
-    Grammar grammar(first_slots_.size());
-    for (std::size_t r = 0; r < first_slots_.size(); ++r) {
-        std::vector<std::int32_t>& symbols = grammar[r].symbols;
-        symbols.push_back(r == 0 ? 0 : alphabet_size + static_cast<std::int32_t>(r));
-        const bool empty =
-            r + 1 < first_slots_.size() ? first_slots_[r + 1] == first_slots_[r] : first_slots_[r] == SlotCount();
-        if (empty) continue;
+std::vector<Rule> LinkedRules::ToRules() const {
+    std::vector<Rule> rules(codes_.size());
+    for (std::size_t r = 0; r < codes_.size(); ++r) {
+        rules[r].code = codes_[r];
+        const std::int32_t end = r + 1 < first_slots_.size() ? first_slots_[r + 1] : SlotCount();
+        if (first_slots_[r] == end) continue;  // an empty rule has no slot of its own
         for (std::int32_t slot = first_slots_[r]; slot >= 0; slot = next_[slot])
-            symbols.push_back(symbols_[slot]);
+            rules[r].symbols.push_back(symbols_[slot]);
     }
-    return grammar;
+    return rules;
 }
 
 }  // namespace tessarin

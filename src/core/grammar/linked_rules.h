@@ -14,7 +14,7 @@ namespace tessarin {
 // a new rule's come after all others, so comparing numbers compares places in the grammar.
 class LinkedRules {
   public:
-    explicit LinkedRules(const Grammar& grammar);
+    explicit LinkedRules(std::span<const Rule> rules);
 
     std::int32_t SlotCount() const { return static_cast<std::int32_t>(symbols_.size()); }
     std::int32_t Symbol(std::int32_t slot) const { return symbols_[slot]; }
@@ -26,16 +26,16 @@ class LinkedRules {
 
     // Makes `slot` hold `code` in place of the `length` symbols that start there.
     void Replace(std::int32_t slot, int length, std::int32_t code);
-    // Appends a rule with the given right-hand side; answers its first slot.
-    std::int32_t AppendRule(std::span<const std::int32_t> symbols);
+    // Appends a rule with the given code and right-hand side; answers its first slot.
+    std::int32_t AppendRule(std::int32_t code, std::span<const std::int32_t> symbols);
 
-    // The grammar as records: rule r's symbols[0] is its code (0, then alphabet size + r).
-    Grammar ToGrammar(int alphabet_size) const;
+    std::vector<Rule> ToRules() const;
 
   private:
     std::vector<std::int32_t> symbols_;
     std::vector<std::int32_t> next_;
     std::vector<std::int32_t> prev_;
+    std::vector<std::int32_t> codes_;        // per rule
     std::vector<std::int32_t> first_slots_;  // per rule
 };
 

@@ -1,9 +1,6 @@
 #include "grammar/verify_grammar.h"
 
-#include <cstdint>
 #include <vector>
-
-#include "sequence/alphabet.h"
 
 namespace tessarin {
 namespace {
@@ -13,13 +10,17 @@ struct Frame {
     std::size_t next;  // index of the next right-hand-side symbol to expand
 };
 
-bool ExpandsTo(const Grammar& grammar, int alphabet_size, const CodedSequence& coded) {
-    const std::size_t length = coded.size() - 1;
+}  // namespace
+
+// Expands with an explicit stack, so that a deeply nested grammar cannot overflow the call stack.
+bool VerifyGrammar(std::span<const Rule> rules, std::span<const std::int32_t> coded, int alphabet_size) {
+    if (rules.empty()) return false;
+    const std::size_t length = coded.empty() ? 0 : coded.size() - 1;
     std::size_t produced = 0;
-    std::vector<Frame> stack{{0, 1}};
+    std::vector<Frame> stack{{0, 0}};
     while (!stack.empty()) {
         Frame& frame = stack.back();
-        const std::vector<std::int32_t>& symbols = grammar[frame.rule].symbols;
+        const std::vector<std::int32_t>& symbols = rules[frame.rule].symbols;
         if (frame.next >= symbols.size()) {
             stack.pop_back();
             continue;
@@ -31,22 +32,10 @@ bool ExpandsTo(const Grammar& grammar, int alphabet_size, const CodedSequence& c
         }
         const std::int64_t rule = std::int64_t{symbol} - alphabet_size;
         // A rule nested deeper than there are rules must contain itself.
-        if (rule < 1 || rule >= static_cast<std::int64_t>(grammar.size()) || stack.size() >= grammar.size()) {
-            return false;
-        }
-        stack.push_back(Frame{static_cast<std::size_t>(rule), 1});
+        if (rule < 1 || rule >= static_cast<std::int64_t>(rules.size()) || stack.size() >= rules.size()) return false;
+        stack.push_back(Frame{static_cast<std::size_t>(rule), 0});
     }
     return produced == length;
-}
-
-}  // namespace
-
-bool VerifyGrammar(const Grammar& grammar, const CurrentSequence& sequence, const ProgressFn& progress) {
-    progress("Verifying...", 0);
-    const bool verified =
-        !grammar.empty() && ExpandsTo(grammar, sequence.AlphabetSize(), EncodeSequence(sequence, sequence.text));
-    progress("", 1);
-    return verified;
 }
 
 }  // namespace tessarin

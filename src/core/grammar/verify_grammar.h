@@ -1,15 +1,15 @@
 #pragma once
 
+#include <cstdint>
+#include <span>
+
 #include "grammar/grammar.h"
-#include "sequence/current_sequence.h"
-#include "session/progress.h"
 
 namespace tessarin {
 
-// True when expanding the start rule down to terminals gives exactly the current sequence text,
-// coded through its code table. Checks against the text, not against the start rule, so it
-// proves a compression of the current sequence only. A code that names no rule, or a rule that
-// expands into itself, makes it false. Shows "Verifying..." while it runs.
-bool VerifyGrammar(const Grammar& grammar, const CurrentSequence& sequence, const ProgressFn& progress);
+// True when expanding rule 0 down to terminals (1..alphabet_size) gives exactly `coded`
+// (positions 1..n; index 0 is ignored, as in a CodedSequence): first the lengths must agree, then
+// every symbol. A code that names no rule, or a rule that expands into itself, makes it false.
+bool VerifyGrammar(std::span<const Rule> rules, std::span<const std::int32_t> coded, int alphabet_size);
 
 }  // namespace tessarin

@@ -1,8 +1,10 @@
 #include "logfile/log_file.h"
 
+#include <cstdio>
 #include <filesystem>
 #include <fstream>
 
+#include "common/trim.h"
 #include "sequence/sequence_file.h"
 #include "session/clock.h"
 
@@ -10,12 +12,6 @@ namespace tessarin {
 namespace {
 
 constexpr const char* kDefaultLogName = "LogFile.log";
-
-std::string Trim(const std::string& text) {
-    const auto first = text.find_first_not_of(' ');
-    if (first == std::string::npos) return "";
-    return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
 
 }  // namespace
 
@@ -31,21 +27,38 @@ std::string LogFilePath(Session& session) {
     return folder + log.name;
 }
 
+namespace {
+
+// Creates the file only when no file of that name exists, so that two runs started at once in
+// one folder never share a log: the loser of the race takes the next number.
+bool ClaimFile(const std::string& path) {
+    std::FILE* file = std::fopen(path.c_str(), "wx");
+    if (file == nullptr) return false;
+    std::fclose(file);
+    return true;
+}
+
+}  // namespace
+
 void OpenLogFile(Session& session, int keep) {
     LogTarget& log = session.log();
     const std::string& folder = log.folder.empty() ? session.program_folder() : log.folder;
-    if (!FileExists(folder, log.name)) return;
     if (keep == 1) {
         DeleteFile(folder, log.name);
         return;
     }
+    if (ClaimFile(JoinPath(folder, log.name))) return;
     const std::string base = FileBaseName(log.name);
     for (long long n = 1;; ++n) {
         const std::string candidate = base + "_" + std::to_string(n) + ".log";
-        if (!FileExists(folder, candidate)) {
+        const std::string path = JoinPath(folder, candidate);
+        if (ClaimFile(path)) {
             log.name = candidate;
             return;
         }
+        std::error_code error;
+        // A folder that cannot be written to would make every number fail.
+        if (!std::filesystem::exists(path, error)) throw LogFileError("Cannot write the report file " + path);
     }
 }
 

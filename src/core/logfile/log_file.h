@@ -4,10 +4,11 @@
 #include <string>
 
 #include "session/session.h"
+#include "version.h"
 
 namespace tessarin {
 
-inline constexpr const char* kVersionLine = "TESSARIN Version 1.7";
+inline const std::string kVersionLine = std::string("TESSARIN Version ") + kVersion;
 inline constexpr const char* kMessageTitle = "TESSARIN";
 // The scratch log of the display and editing commands, kept in the program's folder.
 inline constexpr const char* kScratchLogName = "$logfile.$$$";

@@ -6,15 +6,15 @@
 
 namespace tessarin {
 
-Outcome DisplaySequenceFile(Session& session) {
-    if (ChooseInputSequence(session) == 0) return Outcome::kRefused;
+Outcome DisplaySequenceFile(Session& session, const std::filesystem::path& input) {
+    if (LoadInputSequence(session, input) == 0) return Outcome::kRefused;
     session.log() = LogTarget{kScratchLogName, session.program_folder()};
     OpenLogFile(session, 1);
     Host& host = session.host();
     host.ClearMainWindow();
     host.PrintMainLine("Display Sequence File");
     host.PrintMainLine("Sequence " + session.sequence().file_name);
-    SequenceSummary(session, session.sequence().text, true);
+    SetAlphabetAndReport(session);
     return Outcome::kCompleted;
 }
 

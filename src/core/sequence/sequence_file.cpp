@@ -1,5 +1,6 @@
 #include "sequence/sequence_file.h"
 
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 
@@ -9,10 +10,20 @@ namespace tessarin {
 
 std::string ReadTextFile(const std::string& folder, const std::string& name) {
     const std::string path = JoinPath(folder, name);
-    std::ifstream file(path, std::ios::binary);
-    if (!file) throw SequenceFileError("Cannot read the sequence file " + path);
-    const std::string bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-    if (file.bad()) throw SequenceFileError("Cannot read the sequence file " + path);
+    std::error_code error;
+    if (std::filesystem::is_directory(path, error)) {
+        throw SequenceFileError("Cannot read the sequence file " + path + ": it is a folder");
+    }
+    std::string bytes;
+    try {
+        std::ifstream file(path, std::ios::binary);
+        if (!file) throw SequenceFileError("Cannot read the sequence file " + path);
+        bytes.assign(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
+        if (file.bad()) throw SequenceFileError("Cannot read the sequence file " + path);
+    } catch (const std::ios_base::failure&) {
+        // Special files (a device, a socket) fail inside the stream library with its own wording.
+        throw SequenceFileError("Cannot read the sequence file " + path);
+    }
     std::string text;
     text.reserve(bytes.size());
     for (const char c : bytes) {
@@ -21,25 +32,22 @@ std::string ReadTextFile(const std::string& folder, const std::string& name) {
     return text;
 }
 
+std::string ReadTextFile(const std::filesystem::path& path) {
+    return ReadTextFile(path.parent_path().string(), path.filename().string());
+}
+
 std::string FileBaseName(const std::string& name) {
     return name.substr(0, name.find('.'));
 }
 
-std::string ChooseSequenceFile(Session& session) {
+int LoadInputSequence(Session& session, const std::filesystem::path& path) {
     CurrentSequence& sequence = session.sequence();
-    if (sequence.folder.empty()) sequence.folder = session.program_folder();
-    const auto choice =
-        session.host().ChooseFile(FileDialogKind::kOpen, FileChoice{sequence.folder, sequence.file_name}, "*.txt");
-    if (!choice) return "";
-    sequence.folder = choice->folder;
-    sequence.file_name = choice->name;
-    return ReadTextFile(sequence.folder, sequence.file_name);
-}
-
-int ChooseInputSequence(Session& session) {
-    CurrentSequence& sequence = session.sequence();
+    std::string folder = path.parent_path().string();
+    if (!folder.empty() && folder.back() != '/') folder += '/';
+    sequence.folder = folder;
+    sequence.file_name = path.filename().string();
     sequence.text.clear();
-    sequence.text = ChooseSequenceFile(session);
+    sequence.text = ReadTextFile(sequence.folder, sequence.file_name);
     if (!sequence.text.empty()) session.host().ShowText("Input Sequence: " + sequence.file_name, sequence.text);
     return static_cast<int>(sequence.text.size());
 }

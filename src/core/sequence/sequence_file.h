@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <stdexcept>
 #include <string>
 
@@ -15,16 +16,14 @@ class SequenceFileError : public std::runtime_error {
 // The lines of an 8-bit text file joined with nothing between them. A line ends at CR LF, a
 // lone CR or a lone LF; every other byte, blanks and tabs included, is a symbol.
 std::string ReadTextFile(const std::string& folder, const std::string& name);
+std::string ReadTextFile(const std::filesystem::path& path);
 
 // The part of a file name before its first "." (the whole name when it has none).
 std::string FileBaseName(const std::string& name);
 
-// Shows the open-file dialog at the sequence folder (the program's folder at first) and returns
-// the chosen file's text, or an empty text when the user cancels. Updates folder and file name.
-std::string ChooseSequenceFile(Session& session);
-
-// Makes the chosen file the current sequence, shows it in a text window and returns its length
-// (0 when nothing was chosen or the file is empty: the command then stops).
-int ChooseInputSequence(Session& session);
+// Makes the file at `path` the current sequence (folder, name and text) and shows it in a text
+// window; returns its length (0 for an empty file: the command then stops). The front ends choose
+// the file before a command runs and hand it over in the command's parameters.
+int LoadInputSequence(Session& session, const std::filesystem::path& path);
 
 }  // namespace tessarin

@@ -1,12 +1,11 @@
 #include "sequence/sequence_summary.h"
 
+#include <array>
 #include <cmath>
-#include <cstdint>
-#include <vector>
+#include <string>
 
 #include "logfile/log_file.h"
 #include "logfile/number_text.h"
-#include "sequence/alphabet.h"
 
 namespace tessarin {
 
@@ -14,33 +13,40 @@ double LogBase(int alphabet_size) {
     return alphabet_size >= 2 ? std::log(alphabet_size) : std::log(2.0);
 }
 
-int SequenceSummary(Session& session, const std::string& text, bool report) {
-    const std::int64_t n = static_cast<std::int64_t>(text.size());
-    if (n == 0) return 0;
-    std::vector<std::int64_t> counts(256, 0);
+SequenceSummary SummarizeSequence(std::string_view text) {
+    SequenceSummary summary;
+    summary.length = static_cast<std::int64_t>(text.size());
+    summary.alphabet = BuildAlphabet(text);
+    if (text.empty()) return summary;
+    std::array<std::int64_t, 256> counts{};
     for (const char c : text)
         ++counts[static_cast<unsigned char>(c)];
-    CurrentSequence& sequence = session.sequence();
-    BuildAlphabet(counts, sequence);
-    const int k = sequence.AlphabetSize();
-    if (!report) return k;
-
-    PrintLine(session, "Sequence Length =" + IntegerText(n));
-    PrintLine(session, "Alphabet Size =" + IntegerText(k) + " letters");
-    PrintLine(session, "Alphabet: " + std::string(sequence.alphabet.begin() + 1, sequence.alphabet.end()));
-    PrintLine(session, "");
-
-    // H1 in single precision, as it has always been reported.
-    const double log_base = LogBase(k);
-    float entropy = 0;
-    for (int symbol = 1; symbol <= k; ++symbol) {
-        const float p = static_cast<float>(static_cast<double>(counts[sequence.alphabet[symbol]]) / n);
-        if (p != 0)
-            entropy =
-                static_cast<float>(entropy - static_cast<double>(p) * std::log(static_cast<double>(p)) / log_base);
+    // H1 is a single-precision value: each probability and each partial sum is rounded to it, which
+    // decides the last digit the report shows; the quotient itself is formed in double precision.
+    const double log_base = LogBase(summary.alphabet.Size());
+    for (const unsigned char letter : summary.alphabet.letters) {
+        const auto p = static_cast<float>(static_cast<double>(counts[letter]) / static_cast<double>(summary.length));
+        summary.entropy =
+            static_cast<float>(summary.entropy - static_cast<double>(p) * std::log(static_cast<double>(p)) / log_base);
     }
-    PrintLine(session, "Entropy H1 = - Sum P*Log(P) =" + SingleText(entropy));
-    return k;
+    return summary;
+}
+
+void ReportSequenceSummary(Session& session, const SequenceSummary& summary) {
+    const Alphabet& alphabet = summary.alphabet;
+    PrintLine(session, "Sequence Length =" + IntegerText(summary.length));
+    PrintLine(session, "Alphabet Size =" + IntegerText(alphabet.Size()) + " letters");
+    PrintLine(session, "Alphabet: " + std::string(alphabet.letters.begin(), alphabet.letters.end()));
+    PrintLine(session, "");
+    PrintLine(session, "Entropy H1 = - Sum P*Log(P) =" + SingleText(summary.entropy));
+}
+
+void SetAlphabetAndReport(Session& session) {
+    CurrentSequence& sequence = session.sequence();
+    if (sequence.text.empty()) return;
+    const SequenceSummary summary = SummarizeSequence(sequence.text);
+    sequence.alphabet = summary.alphabet;
+    ReportSequenceSummary(session, summary);
 }
 
 }  // namespace tessarin

@@ -30,13 +30,12 @@ class Host {
     virtual void EndProgress() = 0;
 
     virtual void ShowMessage(const std::string& text, const std::string& title) = 0;
+    // The questions a run may ask of its own (a long search asking whether to go on) and the
+    // questions the front ends ask before a run, asked again while the answer is refused.
     virtual bool AskYesNo(const std::string& question, const std::string& title) = 0;
     // The typed answer, or nothing when the box was cancelled.
     virtual std::optional<std::string> AskInput(const std::string& prompt, const std::string& title,
                                                 const std::string& default_answer) = 0;
-    // `filter` is a wildcard pattern such as "*.txt"; "All Files" is always offered beside it.
-    virtual std::optional<FileChoice> ChooseFile(FileDialogKind kind, const FileChoice& start,
-                                                 const std::string& filter) = 0;
 
     // A text window showing a file, or a text held in memory.
     virtual void ShowFile(const std::string& path) = 0;

@@ -6,6 +6,7 @@
 
 #include "sequence/current_sequence.h"
 #include "session/host.h"
+#include "session/parallel_for.h"
 #include "session/progress.h"
 #include "session/random_generator.h"
 
@@ -39,6 +40,10 @@ class Session {
     GrammarSettings& grammar_settings() { return grammar_settings_; }
     RandomGenerator& random() { return random_; }
 
+    // How many threads the parallel parts of a run may use (`--threads`; all cores by default).
+    int threads() const { return threads_; }
+    void SetThreads(int threads) { threads_ = threads < 1 ? 1 : threads; }
+
     // The user abort flag: set by a key press (from any thread), cleared by each command.
     bool Aborted() const { return abort_flag_.load() != 0; }
     void RequestAbort() { abort_flag_.store(1); }
@@ -64,6 +69,7 @@ class Session {
     LogTarget log_;
     GrammarSettings grammar_settings_;
     RandomGenerator random_;
+    int threads_ = DefaultThreadCount();
     std::atomic<int> abort_flag_{0};
     double last_progress_update_ = -1;
     std::function<double()> clock_;

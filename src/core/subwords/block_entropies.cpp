@@ -3,13 +3,12 @@
 #include <algorithm>
 #include <cmath>
 
-#include "logfile/log_file.h"
 #include "logfile/number_text.h"
 #include "sequence/sequence_file.h"
 #include "sequence/sequence_summary.h"
-#include "subwords/find_words.h"
-#include "subwords/subword_command.h"
+#include "subwords/report_writer.h"
 #include "subwords/subword_report.h"
+#include "subwords/subword_search.h"
 
 namespace tessarin {
 namespace {
@@ -26,49 +25,51 @@ std::string EntropyLine(const EntropyTable& table, int n) {
 
 }  // namespace
 
-int ComputeBlockEntropies(std::span<const std::int32_t> sequence, int max_n, double log_base, EntropyTable& table,
-                          const std::string& status_name, const ProgressFn& progress) {
-    if (max_n < 1) return 0;
-    const SequenceSet sequences{sequence};
-    WordList words(1);
-    FindWords(sequences, words, max_n, status_name, progress);
-    const int nmax = std::min(max_n, words.back().Length());
-    table.assign(static_cast<std::size_t>(nmax) + 1, 0.0F);
-
-    // Groups are taken by length rather than by the rank of their last word, so that a list cut
-    // short by a cancel (whose last group is unranked) still yields the words it holds.
+EntropyTable ComputeBlockEntropies(std::span<const std::int32_t> sequence, const EntropyParams& params,
+                                   const ProgressFn& progress) {
+    EntropyTable table(1, 0.0F);
+    if (params.max_n < 1) return table;
+    SubwordSearch search({sequence}, FindWordsParams{params.max_n, false, params.status_name}, progress);
     const int sequence_length = SequenceLength(sequence);
-    int i = static_cast<int>(words.size()) - 1;
-    for (int n = nmax; n >= 1; --n) {
-        for (; i >= 1 && words[i].Length() == n; --i) {
-            const double f = words[i].Count();
-            table[n] = static_cast<float>(table[n] + f * std::log(f));
+    while (const SubwordGroup* group = search.NextGroup()) {
+        const int n = group->length;
+        // f ln f in single precision, from the group's last word to its first: the order of the
+        // additions decides the last digits of the report.
+        float sum = 0;
+        for (auto word = group->words.rbegin(); word != group->words.rend(); ++word) {
+            const double f = word->count;
+            sum = static_cast<float>(sum + f * std::log(f));
         }
-        // nmax is below the sequence length, so at least two places hold a word of length n.
+        // Only lengths below the sequence length repeat, so at least two places hold a word of length n.
         const double places = sequence_length - n + 1;
-        table[n] = static_cast<float>((std::log(places) - table[n] / places) / log_base);
+        table.push_back(static_cast<float>((std::log(places) - sum / places) / params.log_base));
     }
-    return nmax;
+    return table;
 }
 
-bool ReportBlockEntropies(Session& session) {
-    if (!StartSubwordReport(session, "Compute Partial Entropies  - Press any key to cancel", ".log",
-                            "Compute Partial Entropies")) {
-        return false;
+void ReportBlockEntropies(Session& session, const EntropyTable& table) {
+    ReportWriter writer(session);
+    for (int n = 1; n < static_cast<int>(table.size()); ++n) {
+        const std::string line = EntropyLine(table, n);
+        session.host().PrintMainLine(line);
+        writer.Line(line);
     }
-    const CurrentSequence& sequence = session.sequence();
-    const CodedSequence coded = EncodeSequence(sequence, sequence.text);
-    EntropyTable table;
-    const int nmax = ComputeBlockEntropies(coded, SequenceLength(coded) - 1, LogBase(sequence.AlphabetSize()), table,
-                                           FileBaseName(sequence.file_name), session.Progress());
-    for (int n = 1; n <= nmax; ++n)
-        PrintLine(session, EntropyLine(table, n));
-    return true;
+    writer.Close();
 }
 
-Outcome RunBlockEntropies(Session& session) {
-    if (ChooseInputSequence(session) == 0) return Outcome::kRefused;
-    return RunTimedAnalysis(session, [&] { return ReportBlockEntropies(session); });
+Outcome RunBlockEntropies(Session& session, const SubwordParams& params) {
+    return RunSubwordCommand(session, params.input, "Subword Entropies", [&] {
+        if (!StartSubwordReport(session, "Compute Partial Entropies  - Press any key to cancel", ".log",
+                                "Compute Partial Entropies")) {
+            return false;
+        }
+        const CurrentSequence& sequence = session.sequence();
+        const CodedSequence coded = Encode(sequence.alphabet, sequence.text);
+        const EntropyParams entropy{std::min(params.max_length, SequenceLength(coded) - 1),
+                                    LogBase(sequence.AlphabetSize()), FileBaseName(sequence.file_name)};
+        ReportBlockEntropies(session, ComputeBlockEntropies(coded, entropy, session.Progress()));
+        return true;
+    });
 }
 
 }  // namespace tessarin

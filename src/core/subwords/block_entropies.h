@@ -7,25 +7,30 @@
 
 #include "session/command.h"
 #include "session/progress.h"
+#include "subwords/subword_command.h"
 
 namespace tessarin {
 
 // Block entropies H_0..H_nmax in units of the log base; entry 0 is always 0.
 using EntropyTable = std::vector<float>;
 
-// Fills `table` with the block entropy H_n of every length n = 1..nmax of `sequence` (1-based),
-// nmax being the smaller of max_n and the longest repeated word, and returns nmax. Entropies are
-// divided by `log_base` (LogBase of the alphabet size). With max_n < 1 nothing is done and 0 is
-// returned. After a cancel the table is filled from the words found so far.
-int ComputeBlockEntropies(std::span<const std::int32_t> sequence, int max_n, double log_base, EntropyTable& table,
-                          const std::string& status_name, const ProgressFn& progress);
+struct EntropyParams {
+    int max_n = 0;            // the greatest block length
+    double log_base = 1;      // LogBase of the alphabet size
+    std::string status_name;  // starts the progress texts
+};
 
-// The "Subword Entropies" report of the current sequence: one line per block length with H_n,
-// H_n/n and h_(n-1) = H_n - H_(n-1), on the main window and in "<base>.log". Answers whether a
-// report was written (not for a sequence of fewer than 2 symbols).
-bool ReportBlockEntropies(Session& session);
+// The block entropy H_n of every length n = 1..nmax of `sequence` (1-based), nmax being the
+// smaller of max_n and the longest repeated word: the table has nmax + 1 entries. With max_n < 1
+// the table holds only entry 0. After a cancel it is filled from the lengths searched completely.
+EntropyTable ComputeBlockEntropies(std::span<const std::int32_t> sequence, const EntropyParams& params,
+                                   const ProgressFn& progress);
 
-// The menu command: choose a sequence, report its block entropies, show the report.
-Outcome RunBlockEntropies(Session& session);
+// One line per block length with H_n, H_n/n and h_(n-1) = H_n - H_(n-1), on the main window and
+// in the log.
+void ReportBlockEntropies(Session& session, const EntropyTable& table);
+
+// "Subword Entropies": the block entropies of params.input, up to params.max_length, in "<base>.log".
+Outcome RunBlockEntropies(Session& session, const SubwordParams& params);
 
 }  // namespace tessarin

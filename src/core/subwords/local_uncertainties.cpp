@@ -1,71 +1,66 @@
 #include "subwords/local_uncertainties.h"
 
-#include <algorithm>
 #include <cmath>
-#include <vector>
 
-#include "logfile/log_file.h"
 #include "logfile/number_text.h"
-#include "sequence/sequence_file.h"
 #include "sequence/sequence_summary.h"
-#include "subwords/find_words.h"
-#include "subwords/subword_command.h"
 #include "subwords/subword_report.h"
 #include "subwords/word_text.h"
 
 namespace tessarin {
 
-bool ComputeLocalUncertainties(Session& session) {
-    if (!StartSubwordReport(session, "Compute Local Conditional Uncertainties - Press any key to cancel", "_lst.log",
-                            "Compute Local Conditional Uncertainties")) {
-        return false;
-    }
-    const CurrentSequence& sequence = session.sequence();
-    const int alphabet_size = sequence.AlphabetSize();
-    const double log_base = LogBase(alphabet_size);
-    const CodedSequence coded = EncodeSequence(sequence, sequence.text);
-    const int n = SequenceLength(coded);
-    const WordList words = FindWordsOfSequence(session, coded, kNoLengthLimit);
-    if (session.Aborted()) return true;
-
-    WriteLogLine(session, "");
-    WriteLogLine(session, "Local Conditional Uncertainties");
-    // Entry b counts the occurrences followed by symbol b, entry 0 all that are followed at all.
-    std::vector<int> successor_counts(static_cast<std::size_t>(alphabet_size) + 1);
-    int heading_length = 0;  // the length whose heading is still to be written, 0 when written
-    int previous_length = 0;
-    WriteWordLines(session, words, [&](const WordRecord& word) {
-        const int length = word.Length();
-        if (length != previous_length) heading_length = length;
-        previous_length = length;
-        std::fill(successor_counts.begin(), successor_counts.end(), 0);
-        for (int j = 1; j <= word.Count(); ++j) {
-            const int p = word.positions[j].position;
-            if (p + length > n) continue;
-            ++successor_counts[coded[p + length]];
-            ++successor_counts[0];
-        }
-        if (successor_counts[0] <= alphabet_size) return;
+std::vector<WordUncertainty> LocalUncertainties(const SubwordSearch& search, const SubwordGroup& group,
+                                                int alphabet_size, double log_base) {
+    std::vector<WordUncertainty> uncertain;
+    std::vector<Successor> successors;
+    for (std::size_t i = 0; i < group.words.size(); ++i) {
+        search.Successors(i, successors);
+        int followed = 0;
+        for (const Successor& successor : successors)
+            followed += successor.count;
+        if (followed <= alphabet_size) continue;
+        // Summed in single precision in increasing symbol order, which decides the last digit.
         float uncertainty = 0;
-        for (int b = 1; b <= alphabet_size; ++b) {
-            if (successor_counts[b] == 0) continue;
-            const double q = static_cast<double>(successor_counts[b]) / successor_counts[0];
+        for (const Successor& successor : successors) {
+            const double q = static_cast<double>(successor.count) / followed;
             uncertainty = static_cast<float>(uncertainty + -q * std::log(q) / log_base);
         }
-        if (heading_length != 0) {
-            WriteLogLine(session, "");
-            WriteLogLine(session, LengthHeading(heading_length));
-            heading_length = 0;
-        }
-        WriteLogLine(session,
-                     IntegerText(word.Rank()) + ". h(" + WordToText(word, sequence) + ") =" + SingleText(uncertainty));
-    });
-    return true;
+        uncertain.push_back(WordUncertainty{i, uncertainty});
+    }
+    return uncertain;
 }
 
-Outcome RunLocalUncertainties(Session& session) {
-    if (ChooseInputSequence(session) == 0) return Outcome::kRefused;
-    return RunTimedAnalysis(session, [&] { return ComputeLocalUncertainties(session); });
+Outcome RunLocalUncertainties(Session& session, const SubwordParams& params) {
+    return RunSubwordCommand(session, params.input, "Local Conditional Uncertainties", [&] {
+        if (!StartSubwordReport(session, "Compute Local Conditional Uncertainties - Press any key to cancel",
+                                "_lst.log", "Compute Local Conditional Uncertainties")) {
+            return false;
+        }
+        const CurrentSequence& sequence = session.sequence();
+        const int alphabet_size = sequence.AlphabetSize();
+        const double log_base = LogBase(alphabet_size);
+        const CodedSequence coded = Encode(sequence.alphabet, sequence.text);
+        SubwordSearch search({coded}, SearchOfCurrentSequence(session, params.max_length, false), session.Progress());
+        ReportWriter writer(session);
+        writer.Line("");
+        writer.Line("Local Conditional Uncertainties");
+        ReportGroups(session, search, writer, [&](const SubwordGroup& group) {
+            const std::vector<WordUncertainty> uncertain = LocalUncertainties(search, group, alphabet_size, log_base);
+            return WriteWithProgress(session, uncertain.size(), [&](std::size_t k) {
+                // The heading stands only above a length with a reported word.
+                if (k == 0) {
+                    writer.Line("");
+                    writer.Line(LengthHeading(group.length));
+                }
+                const Subword& word = group.words[uncertain[k].index];
+                std::string line = IntegerText(word.rank);
+                line.append(". h(").append(WordToText(sequence, word, group.length)).append(") =");
+                writer.Line(line.append(SingleText(uncertain[k].uncertainty)));
+            });
+        });
+        writer.Close();
+        return true;
+    });
 }
 
 }  // namespace tessarin

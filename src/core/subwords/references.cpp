@@ -61,8 +61,8 @@ std::vector<Block> ReferenceBlocks() {
     };
 }
 
-// The background references: the literature behind each analysis and the definitions of the
-// signal generators; an empty line before each block.
+}  // namespace
+
 std::vector<std::string> ReferenceLines() {
     std::vector<std::string> lines{"Background References of TESSARIN"};
     for (const Block& block : ReferenceBlocks()) {
@@ -74,14 +74,16 @@ std::vector<std::string> ReferenceLines() {
     return lines;
 }
 
-}  // namespace
-
-Outcome RunReferences(Session& session) {
+void ReportReferences(Session& session, const std::vector<std::string>& lines) {
     // A fixed text: rewriting it keeps one copy instead of numbered duplicates.
     session.log() = LogTarget{"Reference.txt", session.program_folder()};
     OpenLogFile(session, 1);
-    for (const std::string& line : ReferenceLines())
+    for (const std::string& line : lines)
         WriteLogLine(session, line);
+}
+
+Outcome RunReferences(Session& session, const SubwordParams&) {
+    ReportReferences(session, ReferenceLines());
     ShowLogFile(session);
     return Outcome::kCompleted;
 }

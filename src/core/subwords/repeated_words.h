@@ -1,21 +1,22 @@
 #pragma once
 
+#include <string>
+
 #include "session/command.h"
+#include "subwords/subword_command.h"
+#include "subwords/subword_group.h"
 
 namespace tessarin {
 
-// The square root of x, and 0 for negative x, so that rounding cannot make a spread fail.
-double SafeSqrt(double x);
+inline constexpr const char* kRepeatedWordsTitle = "Repeated Subwords";
 
-// The "Repeating Subwords" report of the current sequence, in "<base>_lst.log": every word of
-// length 1..max_length that occurs at least twice, with rank and count, and with positions_flag 0
-// also its positions and the mean and r.m.s. spread of the distances between them. A max_length
-// of 0 means the sequence length. Answers whether a report was written (not for a sequence of
-// fewer than 2 symbols).
-bool FindRepeatedWords(Session& session, int positions_flag, int max_length);
+// The distances between a word's consecutive occurrences: "Distance =" and the one distance, or
+// from three occurrences on "Average Distance =", the mean, ", ", a tab, "r.m.s. =" and the
+// population spread. Count, sum and sum of squares are kept in single precision.
+std::string DistanceLine(const Subword& word);
 
-// The menu command: choose a sequence, ask the maximum word length, report, show the report.
-// positions_flag is the menu item's index: 0 "With Positions", 1 "Without Positions".
-Outcome RunRepeatedWords(Session& session, int positions_flag);
+// "Repeated Subwords" of params.input: every word of length 1..params.max_length that occurs at
+// least twice, with rank and count, and when asked its positions and distances, in "<base>_lst.log".
+Outcome RunRepeatedWords(Session& session, const SubwordParams& params);
 
 }  // namespace tessarin

@@ -2,24 +2,25 @@
 
 #include <charconv>
 #include <cmath>
+#include <new>
 
+#include "common/trim.h"
 #include "logfile/log_file.h"
-#include "subwords/find_words.h"
+#include "sequence/sequence_file.h"
 
 namespace tessarin {
-namespace {
 
-std::string Trimmed(const std::string& text) {
-    const auto first = text.find_first_not_of(" \t");
-    if (first == std::string::npos) return "";
-    return text.substr(first, text.find_last_not_of(" \t") - first + 1);
-}
-
-}  // namespace
-
-Outcome RunTimedAnalysis(Session& session, const std::function<bool()>& analysis) {
+Outcome RunSubwordCommand(Session& session, const std::filesystem::path& input, const std::string& title,
+                          const std::function<bool()>& report) {
+    if (input.empty() || LoadInputSequence(session, input) == 0) return Outcome::kRefused;
     const double start_time = session.Now();
-    const bool reported = analysis();
+    bool reported = false;
+    try {
+        reported = report();
+    } catch (const std::bad_alloc&) {
+        throw SubwordMemoryError(title + ": Not enough memory for the subword search of a sequence of " +
+                                 std::to_string(session.sequence().text.size()) + " symbols");
+    }
     if (reported) ShowLogFile(session);
     const bool cancelled = session.Aborted();
     session.FinalNote(start_time);
@@ -27,22 +28,18 @@ Outcome RunTimedAnalysis(Session& session, const std::function<bool()>& analysis
     return reported ? Outcome::kCompleted : Outcome::kRefused;
 }
 
-std::optional<int> AskMaximumWordLength(Session& session, const std::string& title) {
-    const std::string proposal = std::to_string(session.sequence().text.size());
-    const auto answer = session.host().AskInput("Specify Maximum Word Length", title, proposal);
-    if (!answer) return std::nullopt;
-    const std::string text = Trimmed(*answer);
-    if (text.empty()) return std::nullopt;
+MaximumLengthAnswer ParseMaximumWordLength(std::string_view answer, int shortest_length) {
+    const std::string text = Trim(answer, " \t");
+    if (text.empty()) return {};
     double value = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
     if (error != std::errc() || end != text.data() + text.size() || !std::isfinite(value)) {
-        session.host().ShowMessage("Length must be a number", title);
-        return std::nullopt;
+        return {std::nullopt, "Length must be a number"};
     }
     const double rounded = std::round(value);
-    if (rounded < 1) return std::nullopt;
-    // Any length beyond the longest possible word means no limit.
-    return rounded >= kNoLengthLimit ? kNoLengthLimit : static_cast<int>(rounded);
+    if (rounded < 1) return {};
+    if (rounded < shortest_length) return {std::nullopt, "Length must be > " + std::to_string(shortest_length - 1)};
+    return {rounded >= kNoLengthLimit ? kNoLengthLimit : static_cast<int>(rounded), ""};
 }
 
 }  // namespace tessarin

@@ -4,7 +4,7 @@
 #include "logfile/number_text.h"
 #include "sequence/sequence_file.h"
 #include "sequence/sequence_summary.h"
-#include "subwords/find_words.h"
+#include "subwords/progress_meter.h"
 
 namespace tessarin {
 
@@ -17,37 +17,42 @@ bool StartSubwordReport(Session& session, const std::string& start_line, const s
     host.PrintMainLine("Sequence " + sequence.file_name);
     if (sequence.text.size() < 2) return false;
     StartReportLog(session, FileBaseName(sequence.file_name) + log_suffix, log_title);
-    SequenceSummary(session, sequence.text, true);
+    SetAlphabetAndReport(session);
     return true;
 }
 
-WordList FindWordsOfSequence(Session& session, const CodedSequence& coded, int max_length) {
-    const SequenceSet sequences{coded};
-    WordList words(1);
-    FindWords(sequences, words, max_length, FileBaseName(session.sequence().file_name), session.Progress());
-    return words;
+FindWordsParams SearchOfCurrentSequence(Session& session, int max_length, bool positions) {
+    return FindWordsParams{max_length, positions, FileBaseName(session.sequence().file_name)};
 }
 
-void WriteWordLines(Session& session, const WordList& words, const std::function<void(const WordRecord&)>& write_word) {
-    const int word_count = static_cast<int>(words.size()) - 1;
-    for (int i = 1; i <= word_count; ++i) {
-        if (session.Busy("Writing...", static_cast<float>(i - 1) / static_cast<float>(word_count))) {
-            WriteLogLine(session, "User Abort");
-            return;
-        }
-        write_word(words[i]);
+void ReportGroups(Session& session, SubwordSearch& search, ReportWriter& writer,
+                  const std::function<bool(const SubwordGroup&)>& report_group) {
+    while (const SubwordGroup* group = search.NextGroup()) {
+        if (!report_group(*group)) break;
     }
-    if (word_count > 0) session.Busy("", 1);
+    if (session.Aborted()) writer.Line("User Abort");
+}
+
+bool WriteWithProgress(Session& session, std::size_t count, const std::function<void(std::size_t index)>& write) {
+    const ProgressFn progress = session.Progress();
+    ProgressMeter meter(progress, "Writing...", static_cast<double>(count));
+    if (meter.Start()) return false;
+    for (std::size_t i = 0; i < count; ++i) {
+        write(i);
+        if (meter.Advance(1)) return false;
+    }
+    session.Busy("", 1);
+    return true;
 }
 
 std::string LengthHeading(int length) {
     return "Subword Length l =" + IntegerText(length);
 }
 
-std::string PositionsLine(const WordRecord& word) {
+std::string PositionsLine(std::span<const Occurrence> occurrences) {
     std::string line = "Positions:";
-    for (int j = 1; j <= word.Count(); ++j)
-        line += IntegerText(word.positions[j].position) + ",";
+    for (const Occurrence& occurrence : occurrences)
+        line.append(IntegerText(occurrence.position)).push_back(',');
     return line;
 }
 

@@ -1,33 +1,45 @@
 #pragma once
 
 #include <functional>
+#include <span>
 #include <string>
+#include <string_view>
 
-#include "sequence/alphabet.h"
 #include "session/session.h"
-#include "subwords/word_record.h"
+#include "subwords/report_writer.h"
+#include "subwords/subword_group.h"
+#include "subwords/subword_search.h"
 
 namespace tessarin {
 
 // Starts a subword report: prints `start_line` and the sequence's file name on the main window.
 // A sequence of fewer than 2 symbols is not analysed (answers false, no log). Otherwise names the
 // log after the sequence (base name + `log_suffix`), writes the header under `log_title` and the
-// sequence summary, which rebuilds the alphabet, and answers true.
+// sequence summary, which sets the alphabet, and answers true.
 bool StartSubwordReport(Session& session, const std::string& start_line, const std::string& log_suffix,
                         const std::string& log_title);
 
-// Every word of the coded current sequence that occurs at least twice, lengths 1..max_length,
-// searched with the progress display; after a cancel (session.Aborted()) the list is partial.
-WordList FindWordsOfSequence(Session& session, const CodedSequence& coded, int max_length);
+// The search over the current sequence's coded text, named after it in the progress texts.
+FindWordsParams SearchOfCurrentSequence(Session& session, int max_length, bool positions);
 
-// Calls `write_word` for words 1..W in list order with the "Writing..." progress display; a cancel
-// ends the walk with the log line "User Abort".
-void WriteWordLines(Session& session, const WordList& words, const std::function<void(const WordRecord&)>& write_word);
+// Takes the groups from `search` one after the other and hands each to `report_group`, which
+// answers false when the user cancelled while it wrote. A report cut short by a cancel, in the
+// search or in the writing, ends with the log line "User Abort".
+void ReportGroups(Session& session, SubwordSearch& search, ReportWriter& writer,
+                  const std::function<bool(const SubwordGroup&)>& report_group);
+
+// Calls `write` for indices 0..count - 1 with the "Writing..." progress display; answers false
+// when the user cancelled, which stops the calls.
+bool WriteWithProgress(Session& session, std::size_t count, const std::function<void(std::size_t index)>& write);
 
 // "Subword Length l =" with the length as a report number.
 std::string LengthHeading(int length);
 
 // "Positions:" followed by each occurrence's position as a report number and a comma.
-std::string PositionsLine(const WordRecord& word);
+std::string PositionsLine(std::span<const Occurrence> occurrences);
+// The positions line of a word whose occurrences were kept.
+inline std::string PositionsLine(const Subword& word) {
+    return PositionsLine(word.occurrences);
+}
 
 }  // namespace tessarin

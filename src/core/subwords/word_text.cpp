@@ -2,12 +2,9 @@
 
 namespace tessarin {
 
-std::string WordToText(const WordRecord& word, const CurrentSequence& sequence) {
-    std::string text;
-    text.reserve(static_cast<std::size_t>(word.Length()));
-    for (int k = 1; k <= word.Length(); ++k)
-        text.push_back(static_cast<char>(sequence.alphabet[word.symbols[k]]));
-    return text;
+std::string_view WordToText(const CurrentSequence& sequence, const Subword& word, int length) {
+    return std::string_view(sequence.text)
+        .substr(static_cast<std::size_t>(word.at.position) - 1, static_cast<std::size_t>(length));
 }
 
 }  // namespace tessarin

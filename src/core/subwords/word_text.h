@@ -1,13 +1,14 @@
 #pragma once
 
-#include <string>
+#include <string_view>
 
 #include "sequence/current_sequence.h"
-#include "subwords/word_record.h"
+#include "subwords/subword_group.h"
 
 namespace tessarin {
 
-// The text of a word: the alphabet character of each of its symbols 1..L.
-std::string WordToText(const WordRecord& word, const CurrentSequence& sequence);
+// The text of a word of `length` symbols of the current sequence: the characters of its symbols,
+// read where it first occurs.
+std::string_view WordToText(const CurrentSequence& sequence, const Subword& word, int length);
 
 }  // namespace tessarin

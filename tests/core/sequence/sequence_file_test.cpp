@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "sequence/alphabet.h"
-#include "sequence/sequence_summary.h"
 #include "support/scripted_host.h"
 #include "support/temp_folder.h"
 
@@ -44,30 +42,22 @@ TEST(FileBaseNameTest, CutsAtTheFirstDot) {
     EXPECT_EQ(FileBaseName(".hidden"), "");
 }
 
-TEST(AlphabetTest, SymbolsNumberedInAscendingCharacterCode) {
-    ScriptedHost host;
-    Session session(host, "/tmp/");
-    EXPECT_EQ(SequenceSummary(session, "BA", false), 2);
-    EXPECT_EQ(EncodeSequence(session.sequence(), "BA"), (CodedSequence{0, 2, 1}));
-    EXPECT_EQ(SequenceSummary(session, "xXa1", false), 4);
-    EXPECT_EQ(std::string(session.sequence().alphabet.begin() + 1, session.sequence().alphabet.end()), "1Xax");
-}
-
-TEST(ChooseInputSequenceTest, LoadsTheChosenFileAndShowsIt) {
+// Catches a folder read as a sequence (a stream error with no name) and a loaded file not made current.
+TEST(LoadInputSequenceTest, LoadsTheFileAndRefusesAFolderByName) {
     TempFolder folder;
     folder.Write("dna.txt", "GATT\r\nACA\r\n");
     ScriptedHost host;
     Session session(host, folder.Folder());
-    host.files.push_back({folder.Folder(), "dna.txt"});
-    EXPECT_EQ(ChooseInputSequence(session), 7);
+    EXPECT_EQ(LoadInputSequence(session, folder.Path("dna.txt")), 7);
     EXPECT_EQ(session.sequence().text, "GATTACA");
-    EXPECT_EQ(session.sequence().file_name, "dna.txt");
-    ASSERT_EQ(host.shown.size(), 1U);
-    EXPECT_EQ(host.shown[0], "Input Sequence: dna.txt");
-    // A cancelled dialog leaves no current sequence and shows nothing.
-    EXPECT_EQ(ChooseInputSequence(session), 0);
-    EXPECT_EQ(session.sequence().text, "");
-    EXPECT_EQ(host.shown.size(), 1U);
+    EXPECT_EQ(session.sequence().folder + session.sequence().file_name, folder.Path("dna.txt"));
+    EXPECT_EQ(host.shown, std::vector<std::string>{"Input Sequence: dna.txt"});
+    try {
+        LoadInputSequence(session, folder.Folder());
+        FAIL() << "a folder was read as a sequence";
+    } catch (const SequenceFileError& error) {
+        EXPECT_NE(std::string(error.what()).find("is a folder"), std::string::npos) << error.what();
+    }
 }
 
 }  // namespace

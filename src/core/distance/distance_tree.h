@@ -1,0 +1,53 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "distance/cluster_tree.h"
+#include "distance/distance_matrix.h"
+#include "session/command.h"
+
+namespace tessarin {
+
+struct TreeParams {
+    // A file of the folder: every file with its extension (the part after its first ".") is compared.
+    std::filesystem::path file;
+    // Extra outputs of a completed run; an empty path is not written.
+    std::filesystem::path newick, phylip, tsv;
+    // Say in a message why a folder with fewer than two matching files is refused (the command
+    // line does; the desktop program passes over it in silence).
+    bool explain_refusal = false;
+};
+
+// What a completed distance tree run found: the base names, the distances before clustering
+// rewrote them, and the tree.
+struct DistanceTreeResult {
+    std::vector<std::string> names;
+    DistanceMatrix matrix;
+    ClusterTree tree;
+};
+
+// The report of a distance matrix of the texts named `names`: the distance list (log only), a
+// three-line report for every violation of the triangle inequality, and the lower-triangular table
+// with the names padded to the longest plus one (log only).
+void ReportDistanceMatrix(Session& session, const std::vector<std::string>& names, const DistanceMatrix& matrix);
+
+// The report of a cluster tree, in the log only: its edge list and its drawing.
+void ReportClusterTree(Session& session, const ClusterTree& tree);
+
+// Compares every pair of `files` (at least two, in the sequence folder) by their relative
+// algorithmic distance and clusters them with `mode`: the distance list, every violation of the
+// triangle inequality, the triangular matrix, the tree's edge list and its drawing go to
+// "Similar.log" in the sequence folder, which is then shown. Nothing when cancelled: a cancel
+// during the complexities leaves no log at all, one during the clustering a log that is not shown.
+// Leaves file 1 as the current sequence file and the last pair measured as the current text.
+std::optional<DistanceTreeResult> DistanceTree(Session& session, const std::vector<std::string>& files, int mode);
+
+// "Distance Matrix / &Tree": the files with the extension of `params.file` in its folder, in name
+// order, single linkage; then the extra outputs; ends with the time needed or "User Abort".
+// Refused when fewer than two files match.
+Outcome RunDistanceTree(Session& session, const TreeParams& params);
+
+}  // namespace tessarin

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <cstdint>
+#include <tuple>
+#include <utility>
+#include <vector>
+
+#include "grammar/ranked_set.h"
+#include "grammar/repeat_trie.h"
+
+namespace tessarin {
+
+// The two-symbol words that repeat, ranked both as a fresh search orders them (falling count,
+// then by symbols) and as the list orders them after the overlaps are dropped (falling kept
+// count, then search order). Kept up to date from the pairs the trie reports changed, so the
+// pair search of a pass costs a logarithm of their number rather than a scan of them all, as
+// in Re-Pair's priority queue.
+class PairRanking {
+  public:
+    // Takes in the pairs whose counts have changed in `trie` since the last update.
+    void Update(RepeatTrie& trie);
+
+    int Size() const { return by_list_.Size(); }
+    // The node of the pair at `offset` (0-based) in list order, with its rank in search order (1-based).
+    std::pair<std::int32_t, std::int32_t> At(int offset) const;
+
+  private:
+    struct Handles {
+        std::int32_t search = -1;
+        std::int32_t list = -1;
+    };
+
+    RankedSet<std::tuple<std::int32_t, std::int32_t, std::int32_t>> by_search_;              // -count, symbols
+    RankedSet<std::tuple<std::int32_t, std::int32_t, std::int32_t, std::int32_t>> by_list_;  // -kept, -count, symbols
+    std::vector<Handles> handles_;                                                           // per trie node
+};
+
+}  // namespace tessarin

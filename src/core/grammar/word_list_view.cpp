@@ -1,0 +1,276 @@
+#include "grammar/word_list_view.h"
+
+#include <algorithm>
+
+#include "grammar/overlaps.h"
+
+namespace tessarin {
+
+WordListView::WordListView(std::span<const Rule> rules, int max_depth) : trie_(rules, max_depth) {}
+
+int WordListView::TopTrieLength() const {
+    return std::min(view_length_, trie_.GroupCount());
+}
+
+void WordListView::Search(int max_length) {
+    view_length_ = std::min(max_length, trie_.max_depth());
+    extensions_.clear();
+}
+
+int WordListView::WordCount() const {
+    int count = trie_.GroupSize(1);
+    for (int length = 2; length <= TopTrieLength(); ++length)
+        count += trie_.GroupSize(length);
+    for (const Extension& group : extensions_)
+        count += static_cast<int>(group.words.size());
+    return count;
+}
+
+int WordListView::LastLength() const {
+    if (!extensions_.empty()) return extensions_.back().length;
+    for (int length = TopTrieLength(); length >= 1; --length) {
+        if (trie_.GroupSize(length) > 0) return length;
+    }
+    return 0;
+}
+
+WordListView::Place WordListView::Locate(int position) const {
+    int offset = position - 1;
+    if (offset < trie_.GroupSize(1)) return Place{1, offset, -1};
+    offset -= trie_.GroupSize(1);
+    for (int length = 2; length <= TopTrieLength(); ++length) {
+        if (offset < trie_.GroupSize(length)) return Place{length, offset, -1};
+        offset -= trie_.GroupSize(length);
+    }
+    for (std::size_t e = 0; e < extensions_.size(); ++e) {
+        const int size = static_cast<int>(extensions_[e].words.size());
+        if (offset < size) return Place{extensions_[e].length, offset, static_cast<int>(e)};
+        offset -= size;
+    }
+    return Place{0, 0, -1};
+}
+
+// The order of the search within a length: falling count; ties by the order of the parents in
+// the group before (by symbols for pairs) and, between children of one parent, by first occurrence.
+bool WordListView::SearchBefore(std::int32_t a, std::int32_t b) {
+    for (;;) {
+        if (trie_.Count(a) != trie_.Count(b)) return trie_.Count(a) > trie_.Count(b);
+        if (trie_.Depth(a) <= 2) {
+            const std::int32_t a_first = trie_.Depth(a) == 2 ? trie_.Symbol(trie_.Parent(a)) : 0;
+            const std::int32_t b_first = trie_.Depth(b) == 2 ? trie_.Symbol(trie_.Parent(b)) : 0;
+            return a_first != b_first ? a_first < b_first : trie_.Symbol(a) < trie_.Symbol(b);
+        }
+        if (trie_.Parent(a) == trie_.Parent(b)) return trie_.FirstOccurrence(a) < trie_.FirstOccurrence(b);
+        a = trie_.Parent(a);
+        b = trie_.Parent(b);
+    }
+}
+
+// After the overlaps are dropped, a group is ordered by kept count and, among equal ones, as the
+// search left it.
+bool WordListView::ListBefore(std::int32_t a, std::int32_t b) {
+    const std::int32_t kept_a = trie_.Kept(a);
+    const std::int32_t kept_b = trie_.Kept(b);
+    return kept_a != kept_b ? kept_a > kept_b : SearchBefore(a, b);
+}
+
+WordListView::GroupOrder& WordListView::Order(int length) {
+    if (orders_.size() <= static_cast<std::size_t>(length)) orders_.resize(static_cast<std::size_t>(length) + 1);
+    GroupOrder& order = orders_[length];
+    if (order.generation != generation_) {
+        order.generation = generation_;
+        order.selected.clear();
+        order.list.clear();
+    }
+    return order;
+}
+
+void WordListView::SortGroup(int length, GroupOrder& order) {
+    std::vector<std::int32_t> search = trie_.Group(length);
+    std::sort(search.begin(), search.end(), [this](std::int32_t a, std::int32_t b) { return SearchBefore(a, b); });
+    order.list.clear();
+    for (std::size_t i = 0; i < search.size(); ++i)
+        order.list.emplace_back(search[i], static_cast<std::int32_t>(i + 1));
+    std::stable_sort(order.list.begin(), order.list.end(),
+                     [this](const auto& a, const auto& b) { return trie_.Kept(a.first) > trie_.Kept(b.first); });
+}
+
+// One place of a group in list order found without sorting the group: a scan for its first or
+// last word, a selection for any other, and a count of the words before it in search order for
+// its rank.
+WordListView::Placed WordListView::Select(int length, int offset) {
+    const std::vector<std::int32_t>& group = trie_.Group(length);
+    // Where dropping the overlaps changed no count the list order is the search order: the place is the rank.
+    const bool reordered = std::any_of(group.begin(), group.end(),
+                                       [this](std::int32_t node) { return trie_.Kept(node) < trie_.Count(node); });
+    auto before = [this, reordered](std::int32_t a, std::int32_t b) {
+        return reordered ? ListBefore(a, b) : SearchBefore(a, b);
+    };
+    std::vector<std::int32_t> selection = group;
+    const auto place = selection.begin() + offset;
+    if (offset == 0) {
+        std::iter_swap(place, std::min_element(selection.begin(), selection.end(), before));
+    } else if (offset + 1 == static_cast<int>(selection.size())) {
+        std::iter_swap(place, std::max_element(selection.begin(), selection.end(), before));
+    } else {
+        std::nth_element(selection.begin(), place, selection.end(), before);
+    }
+    const std::int32_t node = *place;
+    std::int32_t rank = offset + 1;
+    if (reordered) {
+        rank = 1;
+        for (const std::int32_t other : group) {
+            if (other != node && SearchBefore(other, node)) ++rank;
+        }
+    }
+    return Placed{offset, node, rank};
+}
+
+// The node at a place of a trie group in list order, with its rank. A walk asks for one or two
+// places of most groups, so these are selected one by one; a group asked about more often is
+// sorted once for the rest of the pass.
+std::pair<std::int32_t, std::int32_t> WordListView::NodeAt(int length, int offset) {
+    constexpr std::size_t kSelectionsBeforeSorting = 4;
+    if (length == 2) {
+        pairs_.Update(trie_);
+        return pairs_.At(offset);
+    }
+    GroupOrder& order = Order(length);
+    if (order.list.empty()) {
+        for (const Placed& placed : order.selected) {
+            if (placed.offset == offset) return {placed.node, placed.rank};
+        }
+        if (order.selected.size() < kSelectionsBeforeSorting) {
+            order.selected.push_back(Select(length, offset));
+            return {order.selected.back().node, order.selected.back().rank};
+        }
+        SortGroup(length, order);
+    }
+    return order.list[static_cast<std::size_t>(offset)];
+}
+
+WordListView::Entry WordListView::At(int position) {
+    const Place place = Locate(position);
+    if (place.length < 2) return Entry{place.length, 0, 1};
+    if (place.extension >= 0) {
+        const Extension& group = extensions_[static_cast<std::size_t>(place.extension)];
+        const std::int32_t index = group.list_order[static_cast<std::size_t>(place.offset)];
+        return Entry{group.length, group.words[index].count, index + 1};
+    }
+    const auto [node, rank] = NodeAt(place.length, place.offset);
+    return Entry{place.length, trie_.Kept(node), rank};
+}
+
+void WordListView::LastGroupOccurrences(int length, std::vector<std::vector<std::int32_t>>& starts,
+                                        std::vector<std::vector<std::int32_t>>& ends) {
+    if (extensions_.empty()) {
+        GroupOrder& order = Order(length);
+        if (order.list.empty()) SortGroup(length, order);
+        for (const auto& [node, rank] : order.list) {
+            starts.emplace_back();
+            ends.emplace_back();
+            trie_.KeptOccurrences(node, starts.back(), ends.back());
+        }
+        return;
+    }
+    const Extension& parents = extensions_.back();
+    for (const std::int32_t index : parents.list_order) {
+        const Extension::Word& word = parents.words[index];
+        starts.emplace_back(parents.starts.begin() + word.begin, parents.starts.begin() + word.begin + word.count);
+        ends.emplace_back(parents.ends.begin() + word.begin, parents.ends.begin() + word.begin + word.count);
+    }
+}
+
+bool WordListView::ExtendLastGroup() {
+    const int parent_length = LastLength();
+    if (parent_length < 2) return false;
+    std::vector<std::vector<std::int32_t>> parent_starts;
+    std::vector<std::vector<std::int32_t>> parent_ends;
+    LastGroupOccurrences(parent_length, parent_starts, parent_ends);
+
+    // Each parent's occurrences split by the symbol after them; a symbol that follows twice or
+    // more makes a word, in the order of its first occurrence. Symbols are stamped with the
+    // parent that last saw them, so the tables are not cleared between parents.
+    const LinkedRules& text = trie_.text();
+    std::vector<std::int32_t> seen_by_parent;  // per symbol
+    std::vector<std::int32_t> child_of_symbol;
+    std::vector<std::int32_t> children;  // per child: its count, then its word or -1
+    Extension group;
+    group.length = parent_length + 1;
+    for (std::size_t p = 0; p < parent_starts.size(); ++p) {
+        const std::vector<std::int32_t>& starts = parent_starts[p];
+        const std::vector<std::int32_t>& ends = parent_ends[p];
+        const auto stamp = static_cast<std::int32_t>(p + 1);
+        children.clear();
+        for (const std::int32_t end : ends) {
+            const std::int32_t next = text.Next(end);
+            if (next < 0) continue;
+            const auto symbol = static_cast<std::size_t>(text.Symbol(next));
+            if (symbol >= seen_by_parent.size()) {
+                seen_by_parent.resize(symbol + 1, 0);
+                child_of_symbol.resize(symbol + 1, 0);
+            }
+            if (seen_by_parent[symbol] != stamp) {
+                seen_by_parent[symbol] = stamp;
+                child_of_symbol[symbol] = static_cast<std::int32_t>(children.size());
+                children.push_back(0);
+            }
+            ++children[child_of_symbol[symbol]];
+        }
+        for (std::int32_t& child : children) {
+            if (child < 2) {
+                child = -1;
+                continue;
+            }
+            group.words.push_back(Extension::Word{static_cast<std::int32_t>(group.starts.size()), 0});
+            group.starts.resize(group.starts.size() + static_cast<std::size_t>(child));
+            child = static_cast<std::int32_t>(group.words.size() - 1);
+        }
+        group.ends.resize(group.starts.size());
+        for (std::size_t j = 0; j < starts.size(); ++j) {
+            const std::int32_t next = text.Next(ends[j]);
+            if (next < 0) continue;
+            const std::int32_t word_index = children[child_of_symbol[text.Symbol(next)]];
+            if (word_index < 0) continue;
+            Extension::Word& word = group.words[word_index];
+            const auto at = static_cast<std::size_t>(word.begin + word.count++);
+            group.starts[at] = starts[j];
+            group.ends[at] = next;
+        }
+    }
+    if (group.words.empty()) return false;
+    std::stable_sort(group.words.begin(), group.words.end(),
+                     [](const Extension::Word& a, const Extension::Word& b) { return a.count > b.count; });
+    // The overlaps dropped, then the group ordered by the counts left, stably.
+    for (Extension::Word& word : group.words) {
+        const std::span<std::int32_t> starts(group.starts.data() + word.begin, static_cast<std::size_t>(word.count));
+        const std::span<std::int32_t> ends(group.ends.data() + word.begin, static_cast<std::size_t>(word.count));
+        word.count = static_cast<std::int32_t>(KeepApart(starts, ends, [&](std::size_t j) { return ends[j]; }));
+    }
+    group.list_order.resize(group.words.size());
+    for (std::size_t i = 0; i < group.list_order.size(); ++i)
+        group.list_order[i] = static_cast<std::int32_t>(i);
+    std::stable_sort(group.list_order.begin(), group.list_order.end(),
+                     [&](std::int32_t a, std::int32_t b) { return group.words[a].count > group.words[b].count; });
+    extensions_.push_back(std::move(group));
+    return true;
+}
+
+std::int64_t WordListView::AddRule(int position, std::int32_t code) {
+    const Place place = Locate(position);
+    std::vector<std::int32_t> starts;
+    if (place.extension >= 0) {
+        const Extension& group = extensions_[static_cast<std::size_t>(place.extension)];
+        const Extension::Word& word = group.words[group.list_order[static_cast<std::size_t>(place.offset)]];
+        starts.assign(group.starts.begin() + word.begin, group.starts.begin() + word.begin + word.count);
+    } else {
+        std::vector<std::int32_t> ends;
+        trie_.KeptOccurrences(NodeAt(place.length, place.offset).first, starts, ends);
+    }
+    trie_.Replace(starts, place.length, code);
+    extensions_.clear();
+    ++generation_;
+    return place.length - static_cast<std::int64_t>(starts.size()) * (place.length - 1);
+}
+
+}  // namespace tessarin

@@ -1,0 +1,102 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <utility>
+#include <vector>
+
+#include "grammar/grammar.h"
+#include "grammar/pair_ranking.h"
+#include "grammar/repeat_trie.h"
+
+namespace tessarin {
+
+// The grammar's repeated words as the compression looks at them: the list that a fresh search of
+// all rules up to a length gives, with the occurrences that overlap an earlier one dropped and
+// each length group reordered by the counts left. Groups are ordered by count, ties broken by the
+// order of the parent group (by symbols for pairs) and then by first occurrence. The list is
+// not built: each place is worked out from the trie when asked for.
+class WordListView {
+  public:
+    // What the compression looks at for the word at one list position.
+    struct Entry {
+        int length = 0;
+        int count = 0;  // occurrences kept
+        int rank = 0;   // place in its group as the search ordered it, 1 = most frequent
+    };
+
+    // The words of up to `max_depth` symbols of the rules.
+    WordListView(std::span<const Rule> rules, int max_depth);
+
+    int max_depth() const { return trie_.max_depth(); }
+    std::vector<Rule> Rules() const { return trie_.text().ToRules(); }
+
+    // The list as a fresh search up to `max_length` (at most the depth) leaves it.
+    void Search(int max_length);
+    // Carries the list on by one length, extending the words of the last group in list order
+    // from their kept occurrences. False when none repeats.
+    bool ExtendLastGroup();
+
+    // List positions run from 1 to WordCount().
+    int WordCount() const;
+    // The length of the last word; 0 for an empty list.
+    int LastLength() const;
+    Entry At(int position);
+
+    // Makes the word at `position` (2 or more symbols) the rule with `code`: its kept
+    // occurrences are replaced and the rule appended. Answers the change of K_G.
+    std::int64_t AddRule(int position, std::int32_t code);
+
+  private:
+    // A length group found by carrying the list on, outside the trie.
+    struct Extension {
+        struct Word {
+            std::int32_t begin = 0;
+            std::int32_t count = 0;  // kept occurrences
+        };
+        int length = 0;
+        std::vector<std::int32_t> starts;  // kept occurrences, word after word
+        std::vector<std::int32_t> ends;    // the last slot of each
+        std::vector<Word> words;           // in search order; rank = index + 1
+        std::vector<std::int32_t> list_order;
+    };
+
+    // The order of a trie group in this pass, worked out when first needed.
+    struct Placed {
+        int offset = 0;
+        std::int32_t node = -1;
+        std::int32_t rank = 0;
+    };
+    struct GroupOrder {
+        std::int64_t generation = -1;
+        std::vector<Placed> selected;                             // places answered one by one
+        std::vector<std::pair<std::int32_t, std::int32_t>> list;  // (node, rank) in list order, once sorted
+    };
+
+    struct Place {
+        int length = 0;
+        int offset = 0;      // within its group
+        int extension = -1;  // index into extensions_, -1 for a group of the trie
+    };
+
+    int TopTrieLength() const;
+    Place Locate(int position) const;
+    bool SearchBefore(std::int32_t a, std::int32_t b);
+    bool ListBefore(std::int32_t a, std::int32_t b);
+    GroupOrder& Order(int length);
+    void SortGroup(int length, GroupOrder& order);
+    Placed Select(int length, int offset);
+    std::pair<std::int32_t, std::int32_t> NodeAt(int length, int offset);
+    // The parents of the next extension in list order, each with its kept occurrences.
+    void LastGroupOccurrences(int length, std::vector<std::vector<std::int32_t>>& starts,
+                              std::vector<std::vector<std::int32_t>>& ends);
+
+    RepeatTrie trie_;
+    PairRanking pairs_;
+    int view_length_ = 0;
+    std::vector<Extension> extensions_;
+    std::int64_t generation_ = 0;  // grows with every rule, so cached orders expire
+    std::vector<GroupOrder> orders_;
+};
+
+}  // namespace tessarin

@@ -1,0 +1,141 @@
+#include "subwords/suffix_array.h"
+
+#include <algorithm>
+
+namespace tessarin {
+namespace {
+
+// The suffix array of `text` (values 0..alphabet_size - 1), or nothing when cancelled.
+std::optional<std::vector<std::int32_t>> InducedSort(std::span<const std::int32_t> text, std::int32_t alphabet_size,
+                                                     const std::function<bool(std::int32_t length)>& next_level) {
+    const auto n = static_cast<std::int32_t>(text.size());
+    if (next_level(n)) return std::nullopt;
+    if (n <= 2) {
+        std::vector<std::int32_t> order(text.size());
+        for (std::int32_t i = 0; i < n; ++i)
+            order[i] = i;
+        if (n == 2 && text[1] <= text[0]) std::swap(order[0], order[1]);
+        return order;
+    }
+    // S-type: smaller than the suffix after it. The last suffix is L-type: the empty suffix that
+    // follows it is smaller.
+    std::vector<bool> smaller(text.size(), false);
+    for (std::int32_t i = n - 2; i >= 0; --i)
+        smaller[i] = text[i] == text[i + 1] ? smaller[i + 1] : text[i] < text[i + 1];
+    // Each symbol's bucket holds its L-type suffixes first, then its S-type ones.
+    std::vector<std::int32_t> l_start(static_cast<std::size_t>(alphabet_size) + 1, 0);
+    std::vector<std::int32_t> s_start(static_cast<std::size_t>(alphabet_size) + 1, 0);
+    for (std::int32_t i = 0; i < n; ++i)
+        ++(smaller[i] ? l_start[text[i] + 1] : s_start[text[i]]);
+    for (std::int32_t c = 0; c <= alphabet_size; ++c) {
+        s_start[c] += l_start[c];
+        if (c < alphabet_size) l_start[c + 1] += s_start[c];
+    }
+    auto is_valley = [&](std::int32_t i) { return i > 0 && !smaller[i - 1] && smaller[i]; };
+
+    std::vector<std::int32_t> order(text.size());
+    std::vector<std::int32_t> next(static_cast<std::size_t>(alphabet_size) + 1);
+    // Places the valley suffixes in the given order at the ends of their buckets, then the L-type
+    // suffixes from left to right and the S-type ones from right to left, each behind the suffix
+    // one place to its right.
+    auto induce = [&](std::span<const std::int32_t> valleys) {
+        std::fill(order.begin(), order.end(), -1);
+        std::copy(s_start.begin(), s_start.end(), next.begin());
+        for (const std::int32_t valley : valleys)
+            order[next[text[valley]]++] = valley;
+        std::copy(l_start.begin(), l_start.end(), next.begin());
+        order[next[text[n - 1]]++] = n - 1;
+        for (std::int32_t i = 0; i < n; ++i) {
+            const std::int32_t v = order[i];
+            if (v >= 1 && !smaller[v - 1]) order[next[text[v - 1]]++] = v - 1;
+        }
+        std::copy(l_start.begin(), l_start.end(), next.begin());
+        for (std::int32_t i = n - 1; i >= 0; --i) {
+            const std::int32_t v = order[i];
+            if (v >= 1 && smaller[v - 1]) order[--next[text[v - 1] + 1]] = v - 1;
+        }
+    };
+
+    std::vector<std::int32_t> valleys;
+    std::vector<std::int32_t> valley_number(text.size(), -1);
+    for (std::int32_t i = 1; i < n; ++i) {
+        if (!is_valley(i)) continue;
+        valley_number[i] = static_cast<std::int32_t>(valleys.size());
+        valleys.push_back(i);
+    }
+    induce(valleys);
+    if (valleys.empty()) return order;
+
+    // Name the valley substrings (from one valley to the next) in their induced order; equal
+    // substrings share a name. Sorting the text of names sorts the valley suffixes.
+    const auto m = static_cast<std::int32_t>(valleys.size());
+    std::vector<std::int32_t> sorted;
+    sorted.reserve(valleys.size());
+    for (const std::int32_t v : order) {
+        if (v >= 0 && valley_number[v] != -1) sorted.push_back(v);
+    }
+    auto substring_end = [&](std::int32_t valley) {
+        const std::int32_t k = valley_number[valley] + 1;
+        return k < m ? valleys[k] : n;
+    };
+    std::vector<std::int32_t> names(valleys.size());
+    std::int32_t name = 0;
+    names[valley_number[sorted[0]]] = 0;
+    for (std::int32_t i = 1; i < m; ++i) {
+        std::int32_t a = sorted[i - 1];
+        std::int32_t b = sorted[i];
+        const std::int32_t end_a = substring_end(a);
+        bool same = end_a - a == substring_end(b) - b;
+        for (; same && a < end_a; ++a, ++b)
+            same = text[a] == text[b];
+        // The substrings end with the next valley's first symbol, included, unless at the end.
+        same = same && a < n && b < n && text[a] == text[b];
+        if (!same) ++name;
+        names[valley_number[sorted[i]]] = name;
+    }
+    std::vector<std::int32_t>().swap(valley_number);
+    const std::optional<std::vector<std::int32_t>> named = InducedSort(names, name + 1, next_level);
+    if (!named) return std::nullopt;
+    for (std::int32_t i = 0; i < m; ++i)
+        sorted[i] = valleys[(*named)[i]];
+    induce(sorted);
+    return order;
+}
+
+// The common prefix of each suffix with the one before it in `order`. A suffix shares at least
+// one symbol less with its predecessor than the suffix one place to its left did, so walking the
+// text from left to right compares each symbol a bounded number of times.
+std::vector<std::int32_t> CommonPrefixes(std::span<const std::int32_t> text, std::span<const std::int32_t> order) {
+    const auto n = static_cast<std::int32_t>(text.size());
+    std::vector<std::int32_t> place(text.size());
+    for (std::int32_t i = 0; i < n; ++i)
+        place[order[i]] = i;
+    std::vector<std::int32_t> common(text.size(), 0);
+    std::int32_t shared = 0;
+    for (std::int32_t start = 0; start < n; ++start) {
+        if (place[start] == 0) {
+            shared = 0;
+            continue;
+        }
+        const std::int32_t before = order[place[start] - 1];
+        while (start + shared < n && before + shared < n && text[start + shared] == text[before + shared])
+            ++shared;
+        common[place[start]] = shared;
+        if (shared > 0) --shared;
+    }
+    return common;
+}
+
+}  // namespace
+
+std::optional<SuffixArray> BuildSuffixArray(std::span<const std::int32_t> text, std::int32_t alphabet_size,
+                                            const std::function<bool(std::int32_t length)>& next_level) {
+    std::optional<std::vector<std::int32_t>> order = InducedSort(text, alphabet_size, next_level);
+    if (!order) return std::nullopt;
+    SuffixArray result;
+    result.common = CommonPrefixes(text, *order);
+    result.order = std::move(*order);
+    return result;
+}
+
+}  // namespace tessarin
