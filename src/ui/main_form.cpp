@@ -13,6 +13,7 @@
 #include "ui/main_surface.h"
 #include "ui/plot_form.h"
 #include "ui/text_form.h"
+#include "ui/tree_exports_menu.h"
 
 namespace tessarin {
 namespace {
@@ -96,6 +97,7 @@ void MainForm::StartTableCommand(const MenuItem& item) {
     std::optional<CommandParams> params = GatherCommandInputs(this, session_, item, form_settings_);
     if (!params) return;
     params->generate_state = &generate_state_;
+    params->tree.result = &last_tree_;
     running_row_ = item.row;
     StartCommand([run = item.row->run, params = *params](Session& session) { return run(session, params); });
 }
@@ -116,6 +118,16 @@ void MainForm::ShowGeneratedSeries() {
     plot->show();
 }
 
+void MainForm::OfferExportsOfLastTree() {
+    // The report window of the run is the newest one showing a "Similar" log.
+    TextForm* report = nullptr;
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+        auto* form = qobject_cast<TextForm*>(widget);
+        if (form != nullptr && form->isVisible() && form->windowTitle().contains("Similar")) report = form;
+    }
+    if (report != nullptr && last_tree_) OfferTreeExports(*report, *last_tree_);
+}
+
 void MainForm::OnCommandFinished() {
     host_.EndProgress();  // in case the command ended without closing its progress display
     running_ = false;
@@ -123,6 +135,9 @@ void MainForm::OnCommandFinished() {
     if (finished != nullptr && watcher_.result() == Outcome::kCompleted &&
         (finished->input == CommandInput::kGenerate || finished->input == CommandInput::kDiscretize)) {
         ShowGeneratedSeries();
+    }
+    if (finished != nullptr && watcher_.result() == Outcome::kCompleted && finished->input == CommandInput::kFolder) {
+        OfferExportsOfLastTree();
     }
     SetCommandsEnabled(true);
     emit CommandFinished();

@@ -58,6 +58,8 @@ class MainForm : public QMainWindow {
     void OnCommandFinished();
     // After a generation: the series in a plot window.
     void ShowGeneratedSeries();
+    // After a tree run: its exports offered in the report window.
+    void OfferExportsOfLastTree();
 
     // Menu handlers that work on the GUI thread alone.
     void SaveImageAs();
@@ -76,6 +78,7 @@ class MainForm : public QMainWindow {
     QList<QAction*> command_actions_;
     FormSettings form_settings_;
     GenerateState generate_state_;
+    std::optional<DistanceTreeResult> last_tree_;  // filled by a completed tree run, for its exports
     const CommandRow* running_row_ = nullptr;
     QFutureWatcher<Outcome> watcher_;
     bool running_ = false;  // from the start of a command until its end has been handled here

@@ -20,10 +20,11 @@ class Surrogate_Form : public QDialog {
   public:
     explicit Surrogate_Form(QWidget* parent = nullptr);
 
-    // Loads the controls from the arguments (kEntropyEnabled and kExceptionalEnabled enable the
-    // two check boxes) and shows the form modally. On OK writes back the options word with
-    // kSurrogateConfirmed set, the count and the maximum word length (rounded, halves to even, 0
-    // when negative or empty) and answers true; Cancel changes nothing.
+    // Loads the controls from the count and the options word (kEntropyEnabled and
+    // kExceptionalEnabled enable the two check boxes; the maximum-length box takes the level's
+    // default when a box is checked) and shows the form modally. On OK writes back the options word
+    // with kSurrogateConfirmed set, the count and the maximum word length (rounded, halves to even,
+    // 0 when negative or empty) and answers true; Cancel changes nothing.
     bool Settings(int& count, int& options, int& max_length);
 
     // Keeps the maximum-length box in step with the check boxes: empty and disabled when neither is

@@ -15,11 +15,18 @@
 namespace tessarin {
 namespace {
 
-// A subject's parameters with the chosen sequence file filled in.
-template <typename Params>
-Params WithInput(Params params, const std::filesystem::path& input) {
-    params.input = input;
-    return params;
+// Runs a subject's command on its part of the parameters, with the chosen sequence file filled in.
+template <auto kRun, auto kPart>
+Outcome OnInput(Session& session, const CommandParams& params) {
+    auto part = params.*kPart;
+    part.input = params.input;
+    return kRun(session, part);
+}
+
+// Runs a command that takes its part of the parameters as it stands.
+template <auto kRun, auto kPart>
+Outcome OnPart(Session& session, const CommandParams& params) {
+    return kRun(session, params.*kPart);
 }
 
 Outcome Display(Session& session, const CommandParams& params) {
@@ -28,49 +35,10 @@ Outcome Display(Session& session, const CommandParams& params) {
 Outcome TestSequence(Session& session, const CommandParams&) {
     return CreateTestSequence(session);
 }
-Outcome RepeatedWords(Session& session, const CommandParams& params) {
-    return RunRepeatedWords(session, WithInput(params.subwords, params.input));
-}
-Outcome ExceptionalWords(Session& session, const CommandParams& params) {
-    return RunExceptionalWords(session, WithInput(params.subwords, params.input));
-}
-Outcome Entropies(Session& session, const CommandParams& params) {
-    return RunBlockEntropies(session, WithInput(params.subwords, params.input));
-}
-Outcome Uncertainties(Session& session, const CommandParams& params) {
-    return RunLocalUncertainties(session, WithInput(params.subwords, params.input));
-}
-Outcome References(Session& session, const CommandParams& params) {
-    return RunReferences(session, params.subwords);
-}
-Outcome Complexity(Session& session, const CommandParams& params) {
-    return RunGrammarComplexity(session, WithInput(params.grammar, params.input));
-}
-Outcome SurrogateFiles(Session& session, const CommandParams& params) {
-    return RunMakeSurrogateFiles(session, WithInput(params.surrogate, params.input));
-}
-Outcome SurrogateStatistics(Session& session, const CommandParams& params) {
-    return RunSurrogateStatistics(session, WithInput(params.surrogate, params.input));
-}
-Outcome Distance(Session& session, const CommandParams& params) {
-    return RunAlgorithmicDistance(session, params.distance);
-}
-Outcome Tree(Session& session, const CommandParams& params) {
-    return RunDistanceTree(session, params.tree);
-}
 Outcome Generate(Session& session, const CommandParams& params) {
     GenerateState scratch;
     return RunGenerateOrDiscretize(session, params.generate,
                                    params.generate_state != nullptr ? *params.generate_state : scratch);
-}
-Outcome ChangeAlphabet(Session& session, const CommandParams& params) {
-    return RunChangeAlphabet(session, WithInput(params.change_alphabet, params.input));
-}
-Outcome KeepLetters(Session& session, const CommandParams& params) {
-    return RunRemoveFileContext(session, WithInput(params.keep_letters, params.input));
-}
-Outcome Fractionate(Session& session, const CommandParams& params) {
-    return RunFractionate(session, WithInput(params.fractionate, params.input));
 }
 
 using enum CommandInput;
@@ -92,12 +60,13 @@ constexpr std::array kCommands{
     CommandRow{"Edit_Copy", "&Copy", "Menu_Edit", nullptr, nullptr, nullptr, nullptr, kDesktopOnly, nullptr},
     CommandRow{"Edit_Fractionate", "&Fractionate Sequence", "Menu_Edit", "Edit_Line0", nullptr,
                "fractionate", "write the chosen position ranges of a sequence, one per line", kFractionate,
-               Fractionate},
+               OnInput<RunFractionate, &CommandParams::fractionate>},
     CommandRow{"Edit_ChangeAlphabet", "Change &Alphabet", "Menu_Edit", nullptr, nullptr,
                "change-alphabet", "spell a sequence with another alphabet, letter for letter", kChangeAlphabet,
-               ChangeAlphabet},
+               OnInput<RunChangeAlphabet, &CommandParams::change_alphabet>},
     CommandRow{"Edit_RemoveFileContext", "&Remove File Context", "Menu_Edit", nullptr, nullptr,
-               "keep-letters", "keep only the chosen letters of a sequence", kKeepLetters, KeepLetters},
+               "keep-letters", "keep only the chosen letters of a sequence", kKeepLetters,
+               OnInput<RunRemoveFileContext, &CommandParams::keep_letters>},
     CommandRow{"Edit_GenerateSequence", "&Generate a Sequence", "Menu_Edit", "Edit_Line1", nullptr,
                "generate", "generate a test series, as numbers or discretised into symbols", kGenerate, Generate},
     CommandRow{"Edit_DiscretizeTimeSeries", "&Discretize a Time Series", "Menu_Edit", nullptr, nullptr,
@@ -107,7 +76,7 @@ constexpr std::array kCommands{
                kNothing, TestSequence},
     CommandRow{"File_MakeSurrogateFiles", "&Make Surrogate Files", "Menu_Edit", "Edit_Line2", nullptr,
                "surrogate-files", "write surrogates that keep the symbol, pair or triple counts", kSurrogateFiles,
-               SurrogateFiles},
+               OnInput<RunMakeSurrogateFiles, &CommandParams::surrogate>},
 
     CommandRow{"View_CloseallTextWindows", "Close All &Text Windows", "Menu_View", nullptr, nullptr, nullptr,
                nullptr, kDesktopOnly, nullptr},
@@ -116,33 +85,34 @@ constexpr std::array kCommands{
 
     CommandRow{"Calc_FindRepeatedWords", "&Repeating Subwords", "Menu_Calc", nullptr, "Subwords_WithPositions",
                "repeats", "every repeated word with its count; --positions adds positions and distances",
-               kRepeatedWords, RepeatedWords},
+               kRepeatedWords, OnInput<RunRepeatedWords, &CommandParams::subwords>},
     CommandRow{"Calc_ExceptionalSubwords", "E&xceptional Subwords", "Menu_Calc", nullptr,
                "Exceptional_WithPositions", "exceptional",
                "words far more frequent than a first-order Markov chain predicts; --positions lists where",
-               kExceptionalWords, ExceptionalWords},
+               kExceptionalWords, OnInput<RunExceptionalWords, &CommandParams::subwords>},
     CommandRow{"Calc_PartialEntropies", "Subword &Entropies", "Menu_Calc", "Calc_line2", nullptr,
-               "entropies", "block entropies H_n, H_n/n and their differences", kSubwordFile, Entropies},
+               "entropies", "block entropies H_n, H_n/n and their differences", kSubwordFile,
+               OnInput<RunBlockEntropies, &CommandParams::subwords>},
     CommandRow{"Calc_ConditionalEntropies", "&Local Conditional Uncertainties", "Menu_Calc", nullptr, nullptr,
                "uncertainties", "local conditional uncertainties of the symbol after each repeated word",
-               kSubwordFile, Uncertainties},
+               kSubwordFile, OnInput<RunLocalUncertainties, &CommandParams::subwords>},
     CommandRow{"Calc_GrammarComplexity", "&Grammatical Complexity", "Menu_Calc", "Calc_line3", nullptr,
                "complexity", "grammatical complexity and grammar rules; --folder: every file with FILE's extension",
-               kGrammar, Complexity},
+               kGrammar, OnInput<RunGrammarComplexity, &CommandParams::grammar>},
     CommandRow{"Calc_AlgorithmicDistance", "&Algorithmic Distance", "Menu_Calc", "Calc_line4", nullptr,
                "distance", "conditional complexities, distance and similarity of two sequences", kTwoFiles,
-               Distance},
+               OnPart<RunAlgorithmicDistance, &CommandParams::distance>},
     CommandRow{"Calc_BuildTree", "Distance Matrix / &Tree", "Menu_Calc", nullptr, nullptr,
                "tree", "distance matrix and cluster tree of every file with FILE's extension in its folder",
-               kFolder, Tree},
+               kFolder, OnPart<RunDistanceTree, &CommandParams::tree>},
     CommandRow{"Calc_SurrogateStatistics", "&Surrogate Statistics", "Menu_Calc", "Calc_Line1", nullptr,
                "surrogate-stats", "complexity, entropies and exceptional words against a surrogate ensemble",
-               kSurrogateStatistics, SurrogateStatistics},
+               kSurrogateStatistics, OnInput<RunSurrogateStatistics, &CommandParams::surrogate>},
 
     CommandRow{"Help_About", "&About", "Menu_Help", nullptr, nullptr, nullptr, nullptr, kDesktopOnly, nullptr},
     CommandRow{"Help_Literature", "&References", "Menu_Help", nullptr, nullptr,
                "references", "write the background references to Reference.txt in the program folder", kNothing,
-               References},
+               OnPart<RunReferences, &CommandParams::subwords>},
     CommandRow{"Help_UsingTessarin", "&Using Tessarin", "Menu_Help", nullptr, nullptr, nullptr, nullptr,
                kDesktopOnly, nullptr},
 };

@@ -12,29 +12,13 @@
 namespace tessarin {
 namespace {
 
-// Creates the file unless it exists, so that two runs started at once never share a log.
-bool ClaimFile(const std::string& path) {
-    std::FILE* file = std::fopen(path.c_str(), "wx");
-    if (file == nullptr) return false;
-    std::fclose(file);
-    return true;
-}
-
 // Names the report's log and claims its file. The log lies beside the program's folder, not in it,
 // on purpose: the folder's path without its separator and the name are joined with nothing between
 // (a program in /opt/tool reports to /opt/tooldistance.log), the one place where this join is made.
-// OpenLogFile looks inside its folder, so the free numbered name is found here.
 void SelectDistanceLog(Session& session) {
     std::string folder = session.program_folder();
     if (!folder.empty()) folder.pop_back();
-    std::string name = "distance.log";
-    for (long long n = 1; !ClaimFile(folder + name); ++n) {
-        std::error_code error;
-        if (!std::filesystem::exists(folder + name, error))
-            throw LogFileError("Cannot write the report file " + folder + name);
-        name = "distance_" + std::to_string(n) + ".log";
-    }
-    session.log() = LogTarget{name, folder};
+    session.log() = LogTarget{ClaimFreeLogName(folder, "distance.log"), folder};
 }
 
 void WriteOperandHeader(Session& session, const std::string& label, const DistanceOperand& operand) {

@@ -163,6 +163,7 @@ Outcome RunDistanceTree(Session& session, const TreeParams& params) {
         WriteExport(params.newick, NewickText(result->tree));
         WriteExport(params.phylip, PhylipText(result->matrix, result->names));
         WriteExport(params.tsv, TsvText(result->matrix, result->names));
+        if (params.result != nullptr) *params.result = result;
     }
     session.FinalNote(start_time);
     return result ? Outcome::kCompleted : Outcome::kCancelled;

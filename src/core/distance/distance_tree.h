@@ -11,6 +11,8 @@
 
 namespace tessarin {
 
+struct DistanceTreeResult;
+
 struct TreeParams {
     // A file of the folder: every file with its extension (the part after its first ".") is compared.
     std::filesystem::path file;
@@ -19,6 +21,8 @@ struct TreeParams {
     // Say in a message why a folder with fewer than two matching files is refused (the command
     // line does; the desktop program passes over it in silence).
     bool explain_refusal = false;
+    // Where a front end wants the completed run's names, matrix and tree, to export them later.
+    std::optional<DistanceTreeResult>* result = nullptr;
 };
 
 // What a completed distance tree run found: the base names, the distances before clustering

@@ -40,6 +40,19 @@ bool ClaimFile(const std::string& path) {
 
 }  // namespace
 
+std::string ClaimFreeLogName(const std::string& prefix, const std::string& name) {
+    std::string candidate = name;
+    for (long long n = 1; !ClaimFile(prefix + candidate); ++n) {
+        std::error_code error;
+        // A folder that cannot be written to would make every number fail.
+        if (!std::filesystem::exists(prefix + candidate, error)) {
+            throw LogFileError("Cannot write the report file " + prefix + candidate);
+        }
+        candidate = FileBaseName(name) + "_" + std::to_string(n) + ".log";
+    }
+    return candidate;
+}
+
 void OpenLogFile(Session& session, int keep) {
     LogTarget& log = session.log();
     const std::string& folder = log.folder.empty() ? session.program_folder() : log.folder;
@@ -47,19 +60,7 @@ void OpenLogFile(Session& session, int keep) {
         DeleteFile(folder, log.name);
         return;
     }
-    if (ClaimFile(JoinPath(folder, log.name))) return;
-    const std::string base = FileBaseName(log.name);
-    for (long long n = 1;; ++n) {
-        const std::string candidate = base + "_" + std::to_string(n) + ".log";
-        const std::string path = JoinPath(folder, candidate);
-        if (ClaimFile(path)) {
-            log.name = candidate;
-            return;
-        }
-        std::error_code error;
-        // A folder that cannot be written to would make every number fail.
-        if (!std::filesystem::exists(path, error)) throw LogFileError("Cannot write the report file " + path);
-    }
+    log.name = ClaimFreeLogName(JoinPath(folder, ""), log.name);
 }
 
 void WriteLogLine(Session& session, const std::string& text) {

@@ -21,6 +21,10 @@ class LogFileError : public std::runtime_error {
 // folder + name, with a separator added when the folder has none (empty folder: the name alone).
 std::string JoinPath(const std::string& folder, const std::string& name);
 
+// Claims the first free name among `name`, "<base>_1.log", "<base>_2.log", ... by creating the file
+// `prefix` + name (joined with nothing between) and answers the name claimed.
+std::string ClaimFreeLogName(const std::string& prefix, const std::string& name);
+
 // Makes the current log name usable: with keep = 1 an existing file is deleted; otherwise an
 // existing name is replaced by the first free "<base>_<n>.log" (n = 1, 2, ...).
 void OpenLogFile(Session& session, int keep);
