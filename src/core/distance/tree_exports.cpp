@@ -25,10 +25,11 @@ double Height(const TreeNode& node) {
     return node.children.empty() ? 0.0 : static_cast<double>(node.distance) / 2;
 }
 
-// The shortest text that reads back as the same double, whatever the locale.
+// The shortest text that reads back as the same single-precision value (the precision the distances
+// are kept in), whatever the locale.
 std::string LengthText(double length) {
     char buffer[32];
-    return std::string(buffer, std::to_chars(buffer, buffer + sizeof buffer, length).ptr);
+    return std::string(buffer, std::to_chars(buffer, buffer + sizeof buffer, static_cast<float>(length)).ptr);
 }
 
 std::string Subtree(const ClusterTree& tree, int node) {

@@ -110,7 +110,7 @@ TEST_F(DistanceTreeTest, WritesTheExtraOutputsAndLeavesFileOneCurrent) {
     CopyTestFolder("folder3");
     TreeParams params{Data("other.txt"), Data("tree.nwk"), Data("matrix.phy"), Data("matrix.tsv")};
     EXPECT_EQ(Run("other.txt", params), Outcome::kCompleted);
-    EXPECT_EQ(root_.Read("data/tree.nwk"), "((twin_b:0,twin_a:0):0.45384614542126656,other:0.4038461446762085);\n");
+    EXPECT_EQ(root_.Read("data/tree.nwk"), "((twin_b:0,twin_a:0):0.45384616,other:0.40384614);\n");
     EXPECT_NE(root_.Read("data/matrix.tsv").find("\ntwin_b\t0.807692\t-0.100000\t0.000000\n"), std::string::npos);
     EXPECT_TRUE(root_.Exists("data/matrix.phy"));
     EXPECT_EQ(session_.sequence().file_name, "other.txt");
