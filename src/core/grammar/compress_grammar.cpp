@@ -77,6 +77,7 @@ GrammarResult CompressGrammar(std::span<const std::int32_t> coded, int alphabet_
         if (chosen == 0) break;
         size += list->AddRule(chosen, ++code);
         result.pass_sizes.push_back(size);
+        if (options.on_pass) options.on_pass(size);
         if (options.check_each_pass && !VerifyGrammar(list->Rules(), coded, alphabet_size)) {
             result.check_failed = true;
             break;

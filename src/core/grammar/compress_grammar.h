@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <span>
 #include <string>
 #include <vector>
@@ -17,6 +18,8 @@ struct CompressOptions {
     bool check_each_pass = false;
     // Progress captions start with this (the sequence file's base name).
     std::string progress_label;
+    // Called after every pass with K_G as it then stands, so a report can show the passes live.
+    std::function<void(std::int64_t size)> on_pass;
 };
 
 struct GrammarResult {

@@ -42,6 +42,8 @@ std::optional<float> CurrentSequenceComplexity(Session& session, Method method, 
     const ProgressFn progress = session.Progress();
     CompressOptions options;
     options.progress_label = FileBaseName(sequence.file_name);
+    std::size_t passes = 0;
+    if (report) options.on_pass = [&](std::int64_t size) { session.host().PrintMainLine(PassLine(++passes, size)); };
     const GrammarResult result = CompressGrammar(coded, sequence.AlphabetSize(), method, options, progress);
     if (result.cancelled) return std::nullopt;
     if (report) ReportGrammar(session, result, method, sequence.alphabet);

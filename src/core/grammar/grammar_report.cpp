@@ -9,11 +9,12 @@
 namespace tessarin {
 
 // K_G is a single-precision value: the lines show it as stored.
+std::string PassLine(std::size_t pass, std::int64_t size) {
+    return "Pass" + IntegerText(static_cast<long long>(pass)) +
+           ": Rule Length =" + SingleText(static_cast<float>(size));
+}
+
 void ReportGrammar(Session& session, const GrammarResult& result, Method method, const Alphabet& alphabet) {
-    for (std::size_t pass = 0; pass < result.pass_sizes.size(); ++pass) {
-        session.host().PrintMainLine("Pass" + IntegerText(static_cast<long long>(pass + 1)) +
-                                     ": Rule Length =" + SingleText(static_cast<float>(result.pass_sizes[pass])));
-    }
     WriteLogLine(session, "");
     WriteLogLine(session, std::string(MethodLine(method)));
     WriteLogLine(session, "");
