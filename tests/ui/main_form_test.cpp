@@ -4,6 +4,7 @@
 #include <QFileDialog>
 #include <QImage>
 #include <QInputDialog>
+#include <QLineEdit>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPushButton>
@@ -13,11 +14,15 @@
 #include <QTest>
 #include <algorithm>
 #include <chrono>
+#include <filesystem>
 #include <thread>
 
 #include "modal_answer.h"
 #include "support/temp_folder.h"
+#include "ui/generate_form.h"
 #include "ui/grammar_form.h"
+#include "ui/plot_form.h"
+#include "ui/surrogate_form.h"
 
 namespace tessarin {
 
@@ -233,6 +238,61 @@ class MainFormTest : public QObject {
         QVERIFY2(lines.last().startsWith("Time needed ="), qPrintable(lines.last()));
         QCOMPARE(form_->session().grammar_settings().method, 3);
         QCOMPARE(form_->session().grammar_settings().options, 1);
+    }
+
+    // Catches the second file not asked for, or the log not placed beside the program's folder.
+    void algorithmicDistanceAsksForTwoFiles() {
+        data_.Write("x.txt", "ACGTACGTTTGACGTAACG\r\n");
+        data_.Write("y.txt", "ACGTTTTTGACGTAACGGG\r\n");
+        ChooseFileThen(data_.Path("x.txt"), [this] { ChooseFileThen(data_.Path("y.txt")); });
+        TriggerAndWait("Calc_AlgorithmicDistance");
+        const QStringList lines = form_->PrintedLines();
+        QVERIFY(!lines.filter(QRegularExpression("^Algorithmic Distance D\\(x,y\\) = ")).isEmpty());
+        QVERIFY2(lines.last().startsWith("Time needed ="), qPrintable(lines.last()));
+        std::string folder = program_folder_.Folder();
+        folder.pop_back();
+        QVERIFY(std::filesystem::exists(folder + "distance.log"));
+    }
+
+    // Catches the tree's exports not offered in its report window.
+    void treeReportOffersItsExports() {
+        data_.Write("t1.seq", "ACGTACGTTTGACGTAACG\r\n");
+        data_.Write("t2.seq", "ACGTTTTTGACGTAACGGG\r\n");
+        data_.Write("t3.seq", "TTTTTTTTGACGTAACGGG\r\n");
+        ChooseFileThen(data_.Path("t1.seq"));
+        TriggerAndWait("Calc_BuildTree");
+        const bool offered = std::ranges::any_of(QApplication::topLevelWidgets(), [](QWidget* window) {
+            return window->isVisible() && window->windowTitle().contains("Similar") &&
+                   window->findChild<QAction*>("File_SaveTreeAs") != nullptr;
+        });
+        QVERIFY(offered);
+    }
+
+    // Catches the options form, the save dialog or the plot window missing from a generation.
+    void generateWritesTheSeriesAndPlotsIt() {
+        AnswerModal<Generate_Form>([this](Generate_Form* options) {
+            options->findChild<QPushButton*>("OK_Cbt")->click();
+            ChooseFileThen(data_.Path("white.txt"));
+        });
+        TriggerAndWait("Edit_GenerateSequence");
+        QCOMPARE(data_.Read("white.txt").size(), 1002U);  // 1000 symbols and CR LF
+        QVERIFY(std::ranges::any_of(QApplication::topLevelWidgets(), [](QWidget* window) {
+            return window->isVisible() && qobject_cast<Plot_Form*>(window) != nullptr;
+        }));
+    }
+
+    // Catches the surrogate form's count not reaching the run.
+    void surrogateFilesAfterTheOptionsForm() {
+        data_.Write("s.txt", "ACGTACGTTTGACGTAACG\r\n");
+        AnswerModal<Surrogate_Form>([this](Surrogate_Form* options) {
+            options->findChild<QLineEdit*>("Number_Tbx")->setText("2");
+            options->findChild<QPushButton*>("OK_Cbt")->click();
+            ChooseFileThen(data_.Path("s.txt"));
+        });
+        TriggerAndWait("File_MakeSurrogateFiles");
+        QVERIFY(data_.Exists("s_1.txt"));
+        QVERIFY(data_.Exists("s_2.txt"));
+        QVERIFY(!data_.Exists("s_3.txt"));
     }
 
     // Catches a wrong default name or a failed bitmap write.
