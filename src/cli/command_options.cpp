@@ -20,7 +20,7 @@ constexpr const char* kPreserve = "symbols|pairs|triples";
 constexpr const char* kGenerateOptions =
     "[--format numbers|symbols-per-line|symbols-one-line] [--alphabet K] "
     "[--partition equal-frequency|equal-intervals|rms] [--logistic-r R] [--period T] [--bernoulli-n N] "
-    "[--bernoulli-p P] [--out FILE]";
+    "[--bernoulli-p P] [--out FILE] [--plot FILE.png|FILE.svg]";
 constexpr const char* kSources =
     "white|exponential|gaussian|logistic|henon-x|henon-y|lorenz-x|lorenz-y|lorenz-z|sine|bernoulli";
 
@@ -169,6 +169,7 @@ CommandOptions::CommandOptions(CLI::App& app, const CommandRow& row) : row_(row)
             Add(app, "--bernoulli-n", bernoulli_n_);
             Add(app, "--bernoulli-p", bernoulli_p_);
             Add(app, "--out", out_);
+            Add(app, "--plot", plot_);
             break;
         case kChangeAlphabet:
             Add(app, "--to", to_)->required();
@@ -228,6 +229,10 @@ std::string CommandOptions::Usage(const CommandRow& row) {
             break;
     }
     return name;
+}
+
+std::filesystem::path CommandOptions::PlotPath() const {
+    return plot_.empty() ? std::filesystem::path() : Absolute(plot_);
 }
 
 CommandParams CommandOptions::Params() const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <CLI/CLI.hpp>
+#include <filesystem>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -31,6 +32,8 @@ class CommandOptions {
 
     // The files named, for the checks of empty words and the closing messages.
     const std::vector<std::string>& Files() const { return files_; }
+    // Where --plot asks the plot of a generated or discretised series to go; empty without it.
+    std::filesystem::path PlotPath() const;
     // Throws UsageError for a value out of its range, RefusedInput for one the command refuses.
     CommandParams Params() const;
 
@@ -47,7 +50,7 @@ class CommandOptions {
     std::string method_, max_length_, count_, preserve_;
     std::string newick_, phylip_, tsv_;
     std::string source_, length_, format_, alphabet_, partition_, logistic_r_, period_, bernoulli_n_, bernoulli_p_;
-    std::string out_, to_, letters_, ranges_;
+    std::string out_, to_, letters_, ranges_, plot_;
 };
 
 }  // namespace tessarin

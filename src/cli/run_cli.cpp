@@ -8,6 +8,7 @@
 #include "cli/cli_host.h"
 #include "cli/command_options.h"
 #include "cli/interrupt.h"
+#include "cli/plot_output.h"
 #include "logfile/log_file.h"
 #include "session/clock.h"
 #include "session/program_folder.h"
@@ -155,6 +156,8 @@ int Run(const std::vector<std::string>& words) {
     if (outcome == Outcome::kRefused && host.messages_shown() == 0 && !files.empty()) {
         std::cerr << kProgram << ": nothing to analyse in " << files[0] << '\n';
     }
+    const std::filesystem::path plot = parsed.chosen->PlotPath();
+    if (outcome == Outcome::kCompleted && !plot.empty()) WritePlot(generate_state, plot);
     if (outcome == Outcome::kCompleted && std::string_view(row.cli_name) == "test-sequence") {
         std::cerr << "Wrote " << JoinPath(session.program_folder(), "test.txt") << '\n';
     }
