@@ -76,6 +76,8 @@ class MainFormTest : public QObject {
     // Closing (not deleting) is enough: the tests look for visible windows only.
     void cleanup() {
         Action("View_CloseallTextWindows")->trigger();
+        Action("View_CloseallPlotWindows")->trigger();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);  // windows that delete themselves
         delete form_;
     }
 
