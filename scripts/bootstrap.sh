@@ -7,7 +7,7 @@ packages=(
     build-essential cmake ninja-build pkg-config
     qt6-base-dev qt6-base-dev-tools libgl-dev
     libgtest-dev libgmock-dev libbenchmark-dev
-    libcli11-dev qt6-charts-dev qt6-svg-dev libqt6opengl6-dev libhts-dev zlib1g-dev
+    libcli11-dev qt6-charts-dev qt6-svg-dev libqt6opengl6-dev
     clang-format xvfb xauth fonts-dejavu-core
 )
 

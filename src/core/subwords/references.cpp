@@ -20,7 +20,8 @@ Block Literature(std::string heading, std::vector<std::string> body) {
     return Block{std::move(heading), length, std::move(body)};
 }
 
-// The generator headings have always been underlined one character short of their length.
+// The generator headings are underlined one character short of their length, as the references text
+// is published (tests/data/subwords/references.txt holds it whole).
 Block Generator(std::string heading, std::vector<std::string> body) {
     const std::size_t length = heading.size() - 1;
     return Block{std::move(heading), length, std::move(body)};
