@@ -5,6 +5,7 @@
 #include <QRadioButton>
 #include <QTest>
 
+#include "control_text.h"
 #include "modal_answer.h"
 
 namespace tessarin {
@@ -43,11 +44,7 @@ class GrammarFormTest : public QObject {
         QCOMPARE(form.windowTitle(), "Grammar Options");
         QWidget* control = form.findChild<QWidget*>(name);
         QVERIFY2(control != nullptr, qPrintable(name));
-        if (auto* frame = qobject_cast<QGroupBox*>(control)) {
-            QCOMPARE(frame->title(), caption);
-        } else {
-            QCOMPARE(qobject_cast<QAbstractButton*>(control)->text(), caption);
-        }
+        QCOMPARE(testing::ControlText(control), caption);
     }
 
     void settings_data() {

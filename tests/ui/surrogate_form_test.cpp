@@ -9,6 +9,7 @@
 #include <QRadioButton>
 #include <QTest>
 
+#include "control_text.h"
 #include "modal_answer.h"
 #include "surrogate/surrogate_options.h"
 
@@ -67,15 +68,7 @@ class SurrogateFormTest : public QObject {
         QCOMPARE(form.windowTitle(), "Generate Surrogates");
         QWidget* control = form.findChild<QWidget*>(name);
         QVERIFY2(control != nullptr, qPrintable(name));
-        if (auto* frame = qobject_cast<QGroupBox*>(control)) {
-            QCOMPARE(frame->title(), caption);
-        } else if (auto* label = qobject_cast<QLabel*>(control)) {
-            QCOMPARE(label->text(), caption);
-        } else if (auto* box = qobject_cast<QLineEdit*>(control)) {
-            QCOMPARE(box->text(), caption);
-        } else {
-            QCOMPARE(qobject_cast<QAbstractButton*>(control)->text(), caption);
-        }
+        QCOMPARE(testing::ControlText(control), caption);
     }
 
     void settings_data() {
