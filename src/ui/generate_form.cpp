@@ -15,6 +15,7 @@
 #include "generate/leading_number.h"
 #include "logfile/log_file.h"
 #include "logfile/number_text.h"
+#include "ui/form_buttons.h"
 #include "ui/qt_text.h"
 
 namespace tessarin {
@@ -99,15 +100,7 @@ Generate_Form::Generate_Form(QWidget* parent)
     columns->addLayout(left);
     columns->addLayout(right);
 
-    auto* ok = new QPushButton("OK", this);
-    ok->setObjectName("OK_Cbt");
-    ok->setDefault(true);
-    auto* cancel = new QPushButton("&Cancel", this);
-    cancel->setObjectName("Cancel_Cbt");
-    auto* buttons = new QHBoxLayout();
-    buttons->addStretch();
-    buttons->addWidget(ok);
-    buttons->addWidget(cancel);
+    QHBoxLayout* buttons = OkCancelButtons(*this, [this] { Confirm(); });
 
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(columns);
@@ -116,8 +109,6 @@ Generate_Form::Generate_Form(QWidget* parent)
     connect(sources_, &QButtonGroup::idToggled, this, [this](int, bool checked) {
         if (checked) UpdateCoordinates();
     });
-    connect(ok, &QPushButton::clicked, this, &Generate_Form::Confirm);
-    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
 }
 
 bool Generate_Form::Settings(GenerateParams& params) {

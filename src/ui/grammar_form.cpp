@@ -1,4 +1,5 @@
 #include "ui/grammar_form.h"
+#include "ui/form_buttons.h"
 
 #include <QButtonGroup>
 #include <QGroupBox>
@@ -52,15 +53,10 @@ Grammar_Form::Grammar_Form(QWidget* parent)
     layout->addWidget(ButtonFrame("Method_Frm", "Method", "Method_Obt", kMethods, kMethodCount, methods_, this));
     layout->addWidget(ButtonFrame("Analyze_Frm", "Analyze", "Analyze_Obt", kScopes, 2, scopes_, this));
 
-    auto* ok = new QPushButton("OK", this);
-    ok->setObjectName("OK_Cbt");
-    ok->setDefault(true);
-    auto* cancel = new QPushButton("&Cancel", this);
-    cancel->setObjectName("Cancel_Cbt");
-    auto* buttons = new QHBoxLayout();
-    buttons->addStretch();
-    buttons->addWidget(ok);
-    buttons->addWidget(cancel);
+    QHBoxLayout* buttons = OkCancelButtons(*this, [this] {
+        options_ |= kGrammarOptionsConfirmed;
+        accept();
+    });
     layout->addLayout(buttons);
 
     connect(methods_, &QButtonGroup::idToggled, this, [this](int index, bool checked) {
@@ -70,11 +66,6 @@ Grammar_Form::Grammar_Form(QWidget* parent)
         if (!checked) return;
         options_ = index == 1 ? (options_ | kGrammarOptionsAllFiles) : (options_ & ~kGrammarOptionsAllFiles);
     });
-    connect(ok, &QPushButton::clicked, this, [this] {
-        options_ |= kGrammarOptionsConfirmed;
-        accept();
-    });
-    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
 }
 
 bool Grammar_Form::Settings(int& method, int& options) {

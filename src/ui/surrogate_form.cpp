@@ -17,6 +17,7 @@
 #include "logfile/log_file.h"
 #include "logfile/number_text.h"
 #include "surrogate/surrogate_options.h"
+#include "ui/form_buttons.h"
 #include "ui/qt_text.h"
 
 namespace tessarin {
@@ -67,12 +68,6 @@ Surrogate_Form::Surrogate_Form(QWidget* parent)
         frame_layout->addWidget(button);
     }
 
-    auto* ok = new QPushButton("OK", this);
-    ok->setObjectName("OK_Cbt");
-    ok->setDefault(true);
-    auto* cancel = new QPushButton("&Cancel", this);
-    cancel->setObjectName("Cancel_Cbt");
-
     auto* layout = new QGridLayout(this);
     layout->addWidget(count_label, 0, 0);
     layout->addWidget(number_, 0, 1);
@@ -82,10 +77,7 @@ Surrogate_Form::Surrogate_Form(QWidget* parent)
     layout->addWidget(exotic_, 4, 0, 1, 2);
     layout->addWidget(max_length_label_, 5, 0);
     layout->addWidget(max_length_, 5, 1);
-    auto* buttons = new QHBoxLayout();
-    buttons->addStretch();
-    buttons->addWidget(ok);
-    buttons->addWidget(cancel);
+    QHBoxLayout* buttons = OkCancelButtons(*this, [this] { Confirm(); });
     layout->addLayout(buttons, 6, 0, 1, 2);
 
     // Only the user's clicks change the options word; loading the controls does not.
@@ -102,8 +94,6 @@ Surrogate_Form::Surrogate_Form(QWidget* parent)
         SetBit(kAddExceptionalWords, checked);
         DoMaxLenSetting();
     });
-    connect(ok, &QPushButton::clicked, this, &Surrogate_Form::Confirm);
-    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
 }
 
 void Surrogate_Form::SetBit(int bit, bool on) {

@@ -4,6 +4,9 @@
 
 #include "logfile/log_file.h"
 #include "logfile/number_text.h"
+#include "sequence/sequence_file.h"
+#include "session/clock.h"
+#include "surrogate/surrogate_options.h"
 
 namespace tessarin {
 namespace {
@@ -57,6 +60,19 @@ SurrogateDraw DrawSurrogate(Session& session, SurrogateShuffler& shuffler) {
     if (draw.walk == WalkOutcome::kOverlapMismatch) host.ShowMessage("Overlap Mismatch", kMessageTitle);
     if (!draw.pairs_verified) host.ShowMessage(kPairVerificationFailed, kMessageTitle);
     return draw;
+}
+
+void StartSurrogateLog(Session& session, const SurrogateParams& params, const std::string& log_suffix,
+                       const std::string& title, bool dated) {
+    const CurrentSequence& sequence = session.sequence();
+    session.log() = LogTarget{FileBaseName(sequence.file_name) + log_suffix, sequence.folder};
+    OpenLogFile(session, 0);
+    WriteLogLine(session, kVersionLine);
+    WriteLogLine(session, title + sequence.folder + sequence.file_name);
+    WriteLogLine(session, "Surrogates:" + IntegerText(params.count));
+    WriteLogLine(session, PreservationLine(params.preserve));
+    if (dated) WriteLogLine(session, "Analysis Done on " + DateTimeText());
+    WriteLogLine(session, "");
 }
 
 }  // namespace tessarin

@@ -14,6 +14,12 @@ namespace tessarin {
 // surrogate count, the preservation line and an empty line.
 void PrintSurrogateStart(Session& session, const std::string& title, const SurrogateParams& params);
 
+// Names the run's log after the sequence (base name + `log_suffix`) and writes its header: the
+// version, `title` with the sequence, the count, the preservation line, with `dated` the date and
+// time, and an empty line.
+void StartSurrogateLog(Session& session, const SurrogateParams& params, const std::string& log_suffix,
+                       const std::string& title, bool dated);
+
 // The shuffler of a run, or nothing after showing why the level cannot be shuffled.
 std::optional<SurrogateShuffler> MakeShuffler(Session& session, const CodedSequence& coded, int alphabet_size,
                                               const SurrogateParams& params);

@@ -20,17 +20,6 @@ std::string SurrogateText(const std::vector<std::int32_t>& coded, const Alphabet
     return text;
 }
 
-void WriteFilesHeader(Session& session, const SurrogateParams& params) {
-    const CurrentSequence& sequence = session.sequence();
-    session.log() = LogTarget{FileBaseName(sequence.file_name) + "_files.log", sequence.folder};
-    OpenLogFile(session, 0);
-    WriteLogLine(session, kVersionLine);
-    WriteLogLine(session, "Surrogate File Set of " + sequence.folder + sequence.file_name);
-    WriteLogLine(session, "Surrogates:" + IntegerText(params.count));
-    WriteLogLine(session, PreservationLine(params.preserve));
-    WriteLogLine(session, "");
-}
-
 }  // namespace
 
 Outcome RunMakeSurrogateFiles(Session& session, const SurrogateParams& params) {
@@ -38,7 +27,7 @@ Outcome RunMakeSurrogateFiles(Session& session, const SurrogateParams& params) {
     if (LoadInputSequence(session, params.input) == 0) return Outcome::kRefused;
     CurrentSequence& sequence = session.sequence();
     PrintSurrogateStart(session, "Compute Surrogate Files  - Press any key to cancel", params);
-    WriteFilesHeader(session, params);
+    StartSurrogateLog(session, params, "_files.log", "Surrogate File Set of ", false);
 
     sequence.alphabet = BuildAlphabet(sequence.text);
     std::optional<SurrogateShuffler> shuffler =

@@ -57,18 +57,6 @@ ListedWords RepeatedWords(const CodedSequence& coded, int max_length, const std:
     return list;
 }
 
-void WriteEnsembleHeader(Session& session, const SurrogateParams& params) {
-    const CurrentSequence& sequence = session.sequence();
-    session.log() = LogTarget{FileBaseName(sequence.file_name) + "_set.log", sequence.folder};
-    OpenLogFile(session, 0);
-    WriteLogLine(session, kVersionLine);
-    WriteLogLine(session, "Surrogate Ensemble of " + sequence.folder + sequence.file_name);
-    WriteLogLine(session, "Surrogates:" + IntegerText(params.count));
-    WriteLogLine(session, PreservationLine(params.preserve));
-    WriteLogLine(session, "Analysis Done on " + DateTimeText());
-    WriteLogLine(session, "");
-}
-
 // The three lines of a mean: its value, its spread and, when there is a spread, how far the
 // original lies from it in spreads. `label` names the value ("H1"); `kind` the average.
 void PrintComparison(Session& session, const std::string& kind, const std::string& label, float original,
@@ -211,7 +199,7 @@ Outcome RunSurrogateStatistics(Session& session, const SurrogateParams& params) 
     if (LoadInputSequence(session, params.input) == 0) return Outcome::kRefused;
     CurrentSequence& sequence = session.sequence();
     PrintSurrogateStart(session, "Compute Surrogate Ensemble  - Press any key to cancel", params);
-    WriteEnsembleHeader(session, params);
+    StartSurrogateLog(session, params, "_set.log", "Surrogate Ensemble of ", true);
     sequence.alphabet = BuildAlphabet(sequence.text);
     const CodedSequence coded = Encode(sequence.alphabet, sequence.text);
     std::optional<SurrogateShuffler> shuffler;
