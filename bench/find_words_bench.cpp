@@ -32,7 +32,7 @@ CodedSequence Periodic(int length, int period) {
 
 // An example file coded as the program codes it: symbols 1..K in ascending character order.
 CodedSequence ExampleFile(const std::string& name) {
-    const std::string text = ReadTextFile(TESSARIN_EXAMPLES, name);
+    const std::string text = ReadTextFile(std::filesystem::path(TESSARIN_EXAMPLES) / name);
     return Encode(BuildAlphabet(text), text);
 }
 

@@ -47,7 +47,7 @@ BENCHMARK(BM_CompressRandomFourLetters)
     ->Unit(benchmark::kSecond);
 
 void BM_CompressExample(benchmark::State& state, const std::string& name) {
-    Compress(state, ReadTextFile(TESSARIN_EXAMPLES, name), static_cast<Method>(state.range(0)));
+    Compress(state, ReadTextFile(std::filesystem::path(TESSARIN_EXAMPLES) / name), static_cast<Method>(state.range(0)));
 }
 BENCHMARK_CAPTURE(BM_CompressExample, Binary, std::string("binary.txt"))
     ->ArgName("method")

@@ -5,6 +5,7 @@
 // their text alone would grow with the square of the length.
 #include <benchmark/benchmark.h>
 
+#include <filesystem>
 #include <random>
 #include <string>
 
@@ -50,19 +51,22 @@ std::string PeriodThree() {
 }
 
 // Runs `run` once per iteration; each report is deleted afterwards so that no numbered names pile up.
+// With `table` the report's table is written too.
 void RunReport(benchmark::State& state, const std::string& text, Command run, int max_length = kNoLengthLimit,
-               bool positions = false) {
+               bool positions = false, bool table = false) {
     testing::TempFolder folder;
     folder.Write("input.txt", text);
     testing::ScriptedHost host;
     Session session(host, folder.Folder());
-    const SubwordParams params{folder.Path("input.txt"), max_length, positions};
+    const SubwordParams params{
+        folder.Path("input.txt"), max_length, positions,
+        TableOutput{table ? std::filesystem::path(folder.Path("table.tsv")) : std::filesystem::path()}};
     for (auto _ : state) {
         if (RunCommand(session, [&](Session& s) { return run(s, params); }) != Outcome::kCompleted) {
             state.SkipWithError("the report did not complete");
         }
         state.PauseTiming();
-        DeleteFile(folder.Folder(), session.log().name);
+        std::filesystem::remove(folder.Path(session.log().name));
         state.ResumeTiming();
     }
 }
@@ -78,6 +82,12 @@ void BM_RandomExceptionalUpTo10(benchmark::State& state) {
 }
 void BM_RandomRepeatsWithoutPositions(benchmark::State& state) {
     RunReport(state, RandomDna(), RunRepeatedWords);
+}
+void BM_RandomRepeatsWithPositionsUpTo8(benchmark::State& state) {
+    RunReport(state, RandomDna(), RunRepeatedWords, 8, true);
+}
+void BM_RandomRepeatsWithPositionsUpTo8AndTable(benchmark::State& state) {
+    RunReport(state, RandomDna(), RunRepeatedWords, 8, true, true);
 }
 void BM_AllBytesEntropies(benchmark::State& state) {
     RunReport(state, AllBytes(), RunBlockEntropies);
@@ -102,6 +112,8 @@ BENCHMARK(BM_RandomEntropies)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_RandomUncertainties)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_RandomExceptionalUpTo10)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_RandomRepeatsWithoutPositions)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_RandomRepeatsWithPositionsUpTo8)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_RandomRepeatsWithPositionsUpTo8AndTable)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_AllBytesEntropies)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_AllBytesUncertainties)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_AllBytesExceptional)->Unit(benchmark::kMillisecond);

@@ -22,17 +22,20 @@ trap 'rm -rf "$work"' EXIT
 (cd "$work" && apt-get download -qq bowtie-examples 2>/dev/null)
 dpkg-deb -x "$work"/bowtie-examples_*.deb "$work/package"
 genome=$(find "$work/package" -name 'NC_008253.fna.gz' | head -n 1)
-# The sequence on one line: the FASTA header and the line breaks go.
-zcat "$genome" | grep -v '^>' | tr -d '\r\n' >"$work/ecoli.txt"
+# The whole genome is read from its .fna.gz as it is; a prefix is cut from its sequence lines.
 if [ "$prefix" -gt 0 ]; then
-    head -c "$prefix" "$work/ecoli.txt" >"$work/prefix.txt"
-    mv "$work/prefix.txt" "$work/ecoli.txt"
+    input="$work/ecoli.txt"
+    zcat "$genome" | grep -v '^>' | tr -d '\r\n' | head -c "$prefix" >"$input"
+else
+    input="$work/NC_008253.fna.gz"
+    cp "$genome" "$input"
 fi
-echo "Symbols: $(wc -c <"$work/ecoli.txt"), method: $method"
+echo "Symbols: $(zcat -f "$input" | grep -v '^>' | tr -d '\r\n' | wc -c), method: $method"
 
 /usr/bin/time -v -o "$work/time.txt" "$build/bin/tessarin-cli" --program-dir "$work" \
-    complexity --method "$method" "$work/ecoli.txt" >"$work/window.txt" 2>/dev/null
-grep -E '^Grammatical Complexity =' "$work/ecoli.log"
+    complexity --method "$method" "$input" >"$work/window.txt" 2>/dev/null
+name=$(basename "$input")
+grep -E '^Grammatical Complexity =' "$work/${name%%.*}.log"
 echo "Rules: $(grep -c '^Pass' "$work/window.txt")"
 grep -E '^Time needed' "$work/window.txt"
 grep -E 'Elapsed \(wall clock\)|Maximum resident set size' "$work/time.txt" | sed 's/^[[:space:]]*//'

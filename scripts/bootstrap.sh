@@ -8,6 +8,7 @@ packages=(
     qt6-base-dev qt6-base-dev-tools libgl-dev
     libgtest-dev libgmock-dev libbenchmark-dev
     libcli11-dev qt6-charts-dev qt6-svg-dev libqt6opengl6-dev
+    libhts-dev zlib1g-dev
     clang-format xvfb xauth fonts-dejavu-core
 )
 

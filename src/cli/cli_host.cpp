@@ -53,9 +53,9 @@ std::optional<std::string> CliHost::AskInput(const std::string&, const std::stri
     return default_answer;
 }
 
-void CliHost::ShowFile(const std::string& path) {
+void CliHost::ShowFile(const std::filesystem::path& path) {
     EndProgress();
-    std::cerr << "Report: " << path << '\n';
+    std::cerr << "Report: " << path.string() << '\n';
 }
 
 }  // namespace tessarin

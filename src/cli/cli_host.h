@@ -22,7 +22,7 @@ class CliHost : public Host {
     bool AskYesNo(const std::string& question, const std::string& title) override;
     std::optional<std::string> AskInput(const std::string& prompt, const std::string& title,
                                         const std::string& default_answer) override;
-    void ShowFile(const std::string& path) override;
+    void ShowFile(const std::filesystem::path& path) override;
     void ShowText(const std::string&, const std::string&) override {}
 
   private:

@@ -7,7 +7,7 @@
 
 #include "generate/sequence_edit.h"
 #include "sequence/alphabet.h"
-#include "sequence/sequence_file.h"
+#include "sequence/sequence_reading.h"
 #include "subwords/exceptional_words.h"
 
 namespace tessarin {
@@ -130,21 +130,25 @@ CommandOptions::CommandOptions(CLI::App& app, const CommandRow& row) : row_(row)
     switch (input) {
         case kSubwordFile:
             Add(app, "--max-length", max_length_);
+            Add(app, "--tsv", tsv_);
             break;
         case kRepeatedWords:
         case kExceptionalWords:
             app.add_flag("--positions", positions_);
             Add(app, "--max-length", max_length_);
+            Add(app, "--tsv", tsv_);
             break;
         case kGrammar:
             app.add_flag("--folder", folder_);
             Add(app, "--method", method_);
+            Add(app, "--tsv", tsv_);
             break;
         case kSurrogateStatistics:
             Add(app, "--method", method_);
             app.add_flag("--entropy", entropy_);
             app.add_flag("--exceptional", exceptional_);
             Add(app, "--max-length", max_length_);
+            Add(app, "--tsv", tsv_);
             [[fallthrough]];
         case kSurrogateFiles:
             Add(app, "--count", count_)->required();
@@ -189,6 +193,13 @@ CommandOptions::CommandOptions(CLI::App& app, const CommandRow& row) : row_(row)
         case kTwoFiles:
             break;
     }
+    if (input != kDesktopOnly && input != kNothing && input != kGenerate && input != kDiscretize) {
+        app.add_flag("--fasta", fasta_, "read the sequence files as FASTA whatever their names");
+        app.add_flag("--upper", upper_, "fold lower-case (soft-masked) letters to capitals");
+        if (input != kFolder && input != kTwoFiles) {
+            app.add_option("--record", record_, "the FASTA record to analyse: its ID or number");
+        }
+    }
     const int file_count = input == kNothing || input == kGenerate ? 0 : input == kTwoFiles ? 2 : 1;
     if (file_count > 0) app.add_option("FILE", files_)->expected(file_count)->required();
 }
@@ -197,17 +208,17 @@ std::string CommandOptions::Usage(const CommandRow& row) {
     const std::string name = row.cli_name;
     switch (row.input) {
         case kSubwordFile:
-            return name + " [--max-length N] FILE";
+            return name + " [--max-length N] [--tsv FILE] FILE";
         case kRepeatedWords:
         case kExceptionalWords:
-            return name + " [--positions] [--max-length N] FILE";
+            return name + " [--positions] [--max-length N] [--tsv FILE] FILE";
         case kGrammar:
-            return name + " [--folder] [--method " + kMethods + "] FILE";
+            return name + " [--folder [--tsv FILE]] [--method " + kMethods + "] FILE";
         case kSurrogateFiles:
             return name + " --count N [--preserve " + kPreserve + "] [--uniform] FILE";
         case kSurrogateStatistics:
             return name + " --count N [--preserve " + kPreserve + "] [--uniform] [--method " + kMethods +
-                   "] [--entropy] [--exceptional] [--max-length N] FILE";
+                   "] [--entropy] [--exceptional] [--max-length N] [--tsv FILE] FILE";
         case kTwoFiles:
             return name + " FILE1 FILE2";
         case kFolder:
@@ -235,12 +246,17 @@ std::filesystem::path CommandOptions::PlotPath() const {
     return plot_.empty() ? std::filesystem::path() : Absolute(plot_);
 }
 
+SequenceReading CommandOptions::Reading() const {
+    return SequenceReading{fasta_, record_, upper_};
+}
+
 CommandParams CommandOptions::Params() const {
     CommandParams params;
     for (const std::string& file : files_) {
         if (file.empty()) throw UsageError(std::string(row_.cli_name) + " needs a file name, not an empty word");
     }
     if (!files_.empty()) params.input = Absolute(files_[0]);
+    const TableOutput table{tsv_.empty() ? std::filesystem::path() : Absolute(tsv_)};
     const Method method = method_.empty() ? Method::kNvogram : Choose("--method", method_, kMethodChoices, kMethods);
     std::optional<int> max_length;
     if (!max_length_.empty()) {
@@ -253,10 +269,12 @@ CommandParams CommandOptions::Params() const {
         case kRepeatedWords:
             params.subwords.max_length = max_length.value_or(kNoLengthLimit);
             params.subwords.positions = positions_;
+            params.subwords.table = table;
             break;
         case kExceptionalWords:
             params.subwords.max_length = kNoLengthLimit;
             params.subwords.positions = positions_;
+            params.subwords.table = table;
             if (max_length) {
                 const MaximumLengthAnswer checked = ParseMaximumWordLength(max_length_, kShortestExceptionalWord);
                 if (!checked.max_length) throw RefusedInput(checked.refusal);
@@ -266,6 +284,10 @@ CommandParams CommandOptions::Params() const {
         case kGrammar:
             params.grammar.method = method;
             params.grammar.all_files = folder_;
+            if (folder_ && !record_.empty()) throw UsageError("--record does not go with --folder");
+            // A single file's report is its grammar, which is no table.
+            if (!tsv_.empty() && !folder_) throw UsageError("--tsv needs --folder");
+            params.grammar.table = table;
             break;
         case kSurrogateFiles:
         case kSurrogateStatistics: {
@@ -278,6 +300,7 @@ CommandParams CommandOptions::Params() const {
             surrogate.entropy = entropy_;
             surrogate.exceptional = exceptional_;
             surrogate.method = method;
+            surrogate.table = table;
             // As the options form proposes it: longer words for the levels that keep more.
             surrogate.max_length = max_length.value_or(3 + static_cast<int>(surrogate.preserve));
             break;
@@ -322,7 +345,7 @@ CommandParams CommandOptions::Params() const {
             break;
         }
         case kChangeAlphabet: {
-            const std::string text = ReadTextFile(params.input);
+            const std::string text = ReadSequence(params.input, Reading()).text;
             const Alphabet alphabet = BuildAlphabet(text);
             const CheckedAnswer<std::string> checked =
                 CheckNewAlphabet(std::string(alphabet.letters.begin(), alphabet.letters.end()), to_);
@@ -338,7 +361,7 @@ CommandParams CommandOptions::Params() const {
             params.keep_letters.output_path = EditOutput(out_, params.input);
             break;
         case kFractionate: {
-            const int length = static_cast<int>(ReadTextFile(params.input).size());
+            const int length = static_cast<int>(ReadSequence(params.input, Reading()).text.size());
             const CheckedAnswer<std::vector<Fraction>> checked = ParseFractions(ranges_, length);
             if (!checked.value)
                 throw RefusedInput(checked.refusal.empty() ? "--ranges needs position ranges" : checked.refusal);

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "commands/command_table.h"
+#include "sequence/sequence_reading.h"
 
 namespace tessarin {
 
@@ -34,6 +35,8 @@ class CommandOptions {
     const std::vector<std::string>& Files() const { return files_; }
     // Where --plot asks the plot of a generated or discretised series to go; empty without it.
     std::filesystem::path PlotPath() const;
+    // How the sequence files are to be read (--fasta, --record, --upper).
+    SequenceReading Reading() const;
     // Throws UsageError for a value out of its range, RefusedInput for one the command refuses.
     CommandParams Params() const;
 
@@ -47,6 +50,9 @@ class CommandOptions {
     bool uniform_ = false;
     bool entropy_ = false;
     bool exceptional_ = false;
+    bool fasta_ = false;
+    bool upper_ = false;
+    std::string record_;
     std::string method_, max_length_, count_, preserve_;
     std::string newick_, phylip_, tsv_;
     std::string source_, length_, format_, alphabet_, partition_, logistic_r_, period_, bernoulli_n_, bernoulli_p_;

@@ -43,6 +43,13 @@ void PrintHelp() {
               << "  --program-dir DIR   the folder that counts as the program's folder\n"
               << "  --threads N         threads of the parallel runs (default: all cores)\n"
               << "  --help              this text\n\n"
+              << "Sequence files (every command that reads one):\n"
+              << "  Names ending in .fa, .fasta, .fna, .ffn, .faa, .frn, .fas or .mpfa (optionally .gz) are\n"
+              << "  read as FASTA, other names ending in .gz as gzip-compressed text.\n"
+              << "  --fasta             read as FASTA whatever the name\n"
+              << "  --record ID|N       the record a single-sequence command reads (default: the first);\n"
+              << "                      the folder runs take every record of a file that has several\n"
+              << "  --upper             fold lower-case (soft-masked) letters to capitals\n\n"
               << "Output files are replaced without asking (the desktop program's save dialog asks).\n";
 }
 
@@ -87,13 +94,12 @@ long long GlobalInteger(const std::string& option, const std::string& text) {
     throw UsageError(option + " takes a whole number, not '" + text + "'");
 }
 
-std::string ProgramFolder(const std::optional<std::string>& program_dir) {
+std::filesystem::path ProgramFolder(const std::optional<std::string>& program_dir) {
     if (!program_dir) return DefaultProgramFolder();
     if (program_dir->empty()) throw UsageError("--program-dir needs a folder name, not an empty word");
     const std::filesystem::path folder = std::filesystem::absolute(*program_dir);
     if (!std::filesystem::is_directory(folder)) throw UsageError("--program-dir " + *program_dir + " is not a folder");
-    std::string text = folder.lexically_normal().string();
-    return text.back() == '/' ? text : text + "/";
+    return folder.lexically_normal();
 }
 
 void Parse(const std::vector<std::string>& words, Parsed& parsed, CLI::App& app) {
@@ -147,6 +153,7 @@ int Run(const std::vector<std::string>& words) {
         session.SetThreads(static_cast<int>(std::min<long long>(threads, 1024)));
     }
     CommandParams params = parsed.chosen->Params();
+    session.sequence().reading = parsed.chosen->Reading();
     GenerateState generate_state;
     params.generate_state = &generate_state;
     InstallInterruptHandlers(session);
@@ -159,7 +166,7 @@ int Run(const std::vector<std::string>& words) {
     const std::filesystem::path plot = parsed.chosen->PlotPath();
     if (outcome == Outcome::kCompleted && !plot.empty()) WritePlot(generate_state, plot);
     if (outcome == Outcome::kCompleted && std::string_view(row.cli_name) == "test-sequence") {
-        std::cerr << "Wrote " << JoinPath(session.program_folder(), "test.txt") << '\n';
+        std::cerr << "Wrote " << (session.program_folder() / "test.txt").string() << '\n';
     }
     return outcome == Outcome::kCompleted ? 0 : 1;
 }

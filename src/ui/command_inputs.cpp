@@ -1,5 +1,6 @@
 #include "ui/command_inputs.h"
 
+#include <QAction>
 #include <QMessageBox>
 
 #include "generate/generate_command.h"
@@ -7,6 +8,7 @@
 #include "logfile/log_file.h"
 #include "sequence/alphabet.h"
 #include "sequence/sequence_file.h"
+#include "sequence/sequence_reading.h"
 #include "subwords/exceptional_words.h"
 #include "subwords/repeated_words.h"
 #include "surrogate/surrogate_options.h"
@@ -14,6 +16,7 @@
 #include "ui/generate_form.h"
 #include "ui/grammar_form.h"
 #include "ui/qt_text.h"
+#include "ui/record_dialog.h"
 #include "ui/surrogate_form.h"
 
 namespace tessarin {
@@ -21,37 +24,54 @@ namespace {
 
 using enum CommandInput;
 
-std::filesystem::path PathOf(const FileChoice& choice) {
-    return std::filesystem::path(choice.folder) / choice.name;
-}
-
 // The open-file dialog at the sequence folder (the program's folder at first).
 std::optional<std::filesystem::path> ChooseInput(QWidget* parent, Session& session, const char* filter = "*.txt") {
     CurrentSequence& sequence = session.sequence();
-    const std::string folder = sequence.folder.empty() ? session.program_folder() : sequence.folder;
-    const auto choice =
-        ChooseFileWithDialog(parent, FileDialogKind::kOpen, FileChoice{folder, sequence.file_name}, filter);
+    const std::filesystem::path& folder = sequence.folder.empty() ? session.program_folder() : sequence.folder;
+    const auto choice = ChooseFileWithDialog(parent, FileDialogKind::kOpen, folder / sequence.file_name, filter);
     if (!choice) return std::nullopt;
     // The next dialog starts where this one ended, whatever the command then makes of the file.
-    sequence.folder = choice->folder;
-    sequence.file_name = choice->name;
-    return PathOf(*choice);
+    sequence.folder = choice->parent_path();
+    sequence.file_name = choice->filename().string();
+    return choice;
+}
+
+// How the command will read its sequence files: folded to capitals while the File menu says so,
+// and for a single-sequence command the record picked from a file of several. False when the
+// user cancels the pick.
+bool ChooseReading(QWidget* parent, Session& session, const std::filesystem::path& file, bool ask_record) {
+    SequenceReading& reading = session.sequence().reading;
+    const auto* fold = parent == nullptr ? nullptr : parent->findChild<QAction*>(kFoldCapitalsItem);
+    reading.fold_to_capitals = fold != nullptr && fold->isChecked();
+    reading.record.clear();
+    if (!ask_record) return true;
+    const auto record = AskRecord(parent, file, reading.fasta);
+    if (!record) return false;
+    reading.record = *record;
+    return true;
+}
+
+// The sequence that a question proposes from (its length or letters); a file that cannot be read
+// is named in a message box and ends the command.
+std::optional<std::string> ReadForQuestion(QWidget* parent, Session& session, const std::filesystem::path& file) {
+    try {
+        return ReadSequence(file, session.sequence().reading).text;
+    } catch (const SequenceFileError& error) {
+        QMessageBox::information(parent, kMessageTitle, FromDisplayText(error.what()));
+        return std::nullopt;
+    }
 }
 
 std::optional<std::filesystem::path> ChooseOutput(QWidget* parent, const std::filesystem::path& proposed) {
-    std::string folder = proposed.parent_path().string();
-    if (!folder.empty() && folder.back() != '/') folder += '/';
-    const auto choice =
-        ChooseFileWithDialog(parent, FileDialogKind::kSave, FileChoice{folder, proposed.filename().string()}, "*.txt");
-    if (!choice) return std::nullopt;
-    return PathOf(*choice);
+    return ChooseFileWithDialog(parent, FileDialogKind::kSave, proposed, "*.txt");
 }
 
 // "Specify Maximum Word Length", proposing the sequence's length; a refused answer ends the command.
 std::optional<int> AskMaximumLength(QWidget* parent, Session& session, const std::filesystem::path& input,
                                     const char* title, int shortest_length) {
-    const std::string text = ReadTextFile(input);
-    const auto answer = session.host().AskInput(kMaximumLengthPrompt, title, std::to_string(text.size()));
+    const auto text = ReadForQuestion(parent, session, input);
+    if (!text) return std::nullopt;
+    const auto answer = session.host().AskInput(kMaximumLengthPrompt, title, std::to_string(text->size()));
     if (!answer) return std::nullopt;
     const MaximumLengthAnswer checked = ParseMaximumWordLength(*answer, shortest_length);
     if (!checked.refusal.empty()) QMessageBox::information(parent, title, FromDisplayText(checked.refusal));
@@ -83,10 +103,12 @@ bool AskSurrogateSettings(QWidget* parent, FormSettings& settings, bool with_com
 // The edits: the input, its alphabet or length for the question, the answer, then the output file.
 std::optional<CommandParams> GatherEdit(QWidget* parent, Session& session, CommandInput input) {
     const auto file = ChooseInput(parent, session);
-    if (!file) return std::nullopt;
+    if (!file || !ChooseReading(parent, session, *file, true)) return std::nullopt;
     CommandParams params;
     params.input = *file;
-    const std::string text = ReadTextFile(*file);
+    const auto read = ReadForQuestion(parent, session, *file);
+    if (!read) return std::nullopt;
+    const std::string& text = *read;
     const Alphabet alphabet = BuildAlphabet(text);
     const std::string letters(alphabet.letters.begin(), alphabet.letters.end());
     Host& host = session.host();
@@ -126,8 +148,7 @@ std::optional<CommandParams> GatherGeneration(QWidget* parent, Session& session,
     Generate_Form form(parent);
     if (!form.Settings(generate)) return std::nullopt;
     settings.generate = generate;
-    const auto output =
-        ChooseOutput(parent, std::filesystem::path(GenerateOutputFolder(session)) / ProposedOutputName(generate));
+    const auto output = ChooseOutput(parent, GenerateOutputFolder(session) / ProposedOutputName(generate));
     if (!output) return std::nullopt;
     generate.output_path = *output;
     params.generate = generate;
@@ -174,7 +195,8 @@ std::optional<CommandParams> GatherCommandInputs(QWidget* parent, Session& sessi
             break;
     }
     const auto file = ChooseInput(parent, session);
-    if (!file) return std::nullopt;
+    const bool one_sequence = input != kTwoFiles && input != kFolder && !params.grammar.all_files;
+    if (!file || !ChooseReading(parent, session, *file, one_sequence)) return std::nullopt;
     params.input = *file;
     if (input == kRepeatedWords || input == kExceptionalWords) {
         const bool exceptional = input == kExceptionalWords;

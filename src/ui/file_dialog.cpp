@@ -3,13 +3,58 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QUrl>
 
 #include "ui/qt_text.h"
 
 namespace tessarin {
+namespace {
 
-std::optional<FileChoice> ChooseFileWithDialog(QWidget* parent, FileDialogKind kind, const FileChoice& start,
-                                               const std::string& filter) {
+constexpr int kRecentFolderCount = 8;
+
+// Newest first; kept while the program runs, like every other setting.
+QStringList& RecentFolders() {
+    static QStringList folders;
+    return folders;
+}
+
+// The home folder, then the folders of the files chosen lately.
+QList<QUrl> SidebarUrls() {
+    QList<QUrl> urls{QUrl::fromLocalFile(QDir::homePath())};
+    for (const QString& folder : RecentFolders()) {
+        const QUrl url = QUrl::fromLocalFile(folder);
+        if (!urls.contains(url)) urls << url;
+    }
+    return urls;
+}
+
+}  // namespace
+
+bool IsBrowsableFolder(const QString& folder) {
+    const QFileInfo info(folder);
+    if (folder.isEmpty() || !info.isDir()) return false;
+    // The kernel's own file systems: their files change as they are read, some block a reader,
+    // and listing them can take long.
+    const QString canonical = info.canonicalFilePath();
+    for (const QString& kernel_tree : {QStringLiteral("/proc"), QStringLiteral("/sys")}) {
+        if (canonical == kernel_tree || canonical.startsWith(kernel_tree + '/')) return false;
+    }
+    return true;
+}
+
+void RememberFolder(const QString& folder) {
+    if (!IsBrowsableFolder(folder)) return;
+    const QString canonical = QFileInfo(folder).canonicalFilePath();
+    QStringList& folders = RecentFolders();
+    folders.removeAll(canonical);
+    folders.prepend(canonical);
+    while (folders.size() > kRecentFolderCount)
+        folders.removeLast();
+}
+
+std::optional<std::filesystem::path> ChooseFileWithDialog(QWidget* parent, FileDialogKind kind,
+                                                          const std::filesystem::path& start,
+                                                          const std::string& filter) {
     const bool saving = kind == FileDialogKind::kSave;
     QFileDialog dialog(parent, saving ? "Save File" : "Open File");
     dialog.setAcceptMode(saving ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
@@ -18,15 +63,15 @@ std::optional<FileChoice> ChooseFileWithDialog(QWidget* parent, FileDialogKind k
     if (!filter.empty()) filters << FromPath(filter);
     filters << "All Files (*)";
     dialog.setNameFilters(filters);
-    const QString folder = FromPath(start.folder);
-    if (!folder.isEmpty() && QDir(folder).exists()) dialog.setDirectory(folder);
-    if (!start.name.empty()) dialog.selectFile(FromPath(start.name));
+    const QString folder = FromPath(start.parent_path());
+    dialog.setDirectory(IsBrowsableFolder(folder) ? folder : QDir::homePath());
+    if (start.has_filename()) dialog.selectFile(FromPath(start.filename()));
+    dialog.setSidebarUrls(SidebarUrls());
 
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
     const QFileInfo chosen(dialog.selectedFiles().constFirst());
-    std::string folder_chosen = ToPath(chosen.absolutePath());
-    if (folder_chosen.empty() || folder_chosen.back() != '/') folder_chosen += '/';
-    return FileChoice{folder_chosen, ToPath(chosen.fileName())};
+    RememberFolder(chosen.absolutePath());
+    return ToPath(chosen.absoluteFilePath());
 }
 
 }  // namespace tessarin

@@ -1,5 +1,7 @@
 #include "ui/form_buttons.h"
 
+#include <QAbstractButton>
+#include <QButtonGroup>
 #include <QDialog>
 #include <QHBoxLayout>
 #include <QPushButton>
@@ -19,6 +21,10 @@ QHBoxLayout* OkCancelButtons(QDialog& form, std::function<void()> on_ok) {
     buttons->addWidget(ok);
     buttons->addWidget(cancel);
     return buttons;
+}
+
+void FocusCheckedOption(const QButtonGroup& group) {
+    if (QAbstractButton* checked = group.checkedButton()) checked->setFocus(Qt::TabFocusReason);
 }
 
 }  // namespace tessarin

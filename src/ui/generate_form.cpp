@@ -115,6 +115,7 @@ bool Generate_Form::Settings(GenerateParams& params) {
     shown_ = params;
     confirmed_ = false;
     Load(params);
+    FocusCheckedOption(*formats_);
     exec();
     if (!confirmed_) return false;
     params = Read(params);

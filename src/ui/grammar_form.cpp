@@ -73,6 +73,7 @@ bool Grammar_Form::Settings(int& method, int& options) {
     method_ = (method >= 0 && method < kMethodCount) ? method : 0;
     methods_->button(method_)->setChecked(true);
     scopes_->button((options_ & kGrammarOptionsAllFiles) != 0 ? 1 : 0)->setChecked(true);
+    FocusCheckedOption(*methods_);
     exec();
     if ((options_ & kGrammarOptionsConfirmed) == 0) return false;
     method = method_;

@@ -18,6 +18,8 @@
 #include "ui/qt_text.h"
 #include "ui/rtf_reader.h"
 #include "ui/text_form.h"
+#include "ui/window_placement.h"
+#include "ui/written_file_line.h"
 #include "version.h"
 
 namespace tessarin {
@@ -44,19 +46,22 @@ QPixmap MainForm::WindowImage() {
 void MainForm::SaveImageAs() {
     const CurrentSequence& sequence = session_.sequence();
     const std::string base = sequence.file_name.empty() ? kImageNameWithoutSequence : FileBaseName(sequence.file_name);
-    FileChoice start{sequence.folder.empty() ? session_.program_folder() : sequence.folder, base + ".bmp"};
+    std::filesystem::path start =
+        (sequence.folder.empty() ? session_.program_folder() : sequence.folder) / (base + ".bmp");
     for (;;) {
         const auto choice = ChooseFileWithDialog(this, FileDialogKind::kSave, start, "*.bmp");
         if (!choice) return;
-        if (const auto refusal = FileNameRefusal(choice->name, FileNameRules{})) {
+        if (const auto refusal = FileNameRefusal(choice->filename().string(), FileNameRules{})) {
             QMessageBox::information(this, kMessageTitle, FromDisplayText(*refusal));
             start = *choice;  // ask again, with the refused name there to correct
             continue;
         }
-        const QString path = FromPath(choice->folder + choice->name);
+        const QString path = FromPath(*choice);
         if (!WindowImage().save(path, "BMP")) {
             QMessageBox::warning(this, kMessageTitle, "Cannot write the image file " + path);
+            return;
         }
+        written_->Show("Image", path);
         return;
     }
 }
@@ -89,13 +94,13 @@ void MainForm::ShowAbout() {
 }
 
 void MainForm::ShowHelp() {
-    const QString path = FromPath(ExecutableFolder() + kHelpFileName);
+    const QString path = FromPath(ExecutableFolder() / kHelpFileName);
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
         QMessageBox::warning(this, kMessageTitle, "The help file " + path + " cannot be read.");
         return;
     }
-    TextForm::ForRuns("Using Tessarin", ReadRtf(file.readAll()))->show();
+    ShowBesideMainWindow(*TextForm::ForRuns("Using Tessarin", ReadRtf(file.readAll())), *this);
 }
 
 }  // namespace tessarin

@@ -4,7 +4,9 @@
 #include <QList>
 #include <QMainWindow>
 #include <QStringList>
+#include <QTemporaryFile>
 #include <functional>
+#include <memory>
 #include <string>
 
 #include "generate/generate_command.h"
@@ -19,6 +21,7 @@ class QLabel;
 namespace tessarin {
 
 class MainSurface;
+class WrittenFileLine;
 
 // The main window: title image and result lines, the menu of all commands, progress in the
 // caption and cancel by any key. Commands run one at a time on a worker thread, so the window
@@ -29,7 +32,7 @@ class MainForm : public QMainWindow {
   public:
     static constexpr const char* kRestCaption = "TESSARIN: Grammatical Complexity Analysis for Windows";
 
-    explicit MainForm(const std::string& program_folder, QWidget* parent = nullptr);
+    explicit MainForm(const std::filesystem::path& program_folder, QWidget* parent = nullptr);
     ~MainForm() override;
 
     Session& session() { return session_; }
@@ -45,6 +48,9 @@ class MainForm : public QMainWindow {
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    // A sequence file dropped on the window is displayed as Display Sequence File would.
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
   private:
     void ConnectCommands();
@@ -56,6 +62,11 @@ class MainForm : public QMainWindow {
     // Any key, or closing the window during a run.
     void RequestAbort();
     void OnCommandFinished();
+    // Asks every other window to close; false when one stays open (unsaved changes kept).
+    bool CloseOtherWindows();
+    void DisplayDroppedFile(const std::filesystem::path& path);
+    // A file named in the status bar: an image by the desktop's viewer, text in a text window.
+    void OpenWrittenFile(const QString& path);
     // After a generation: the series in a plot window.
     void ShowGeneratedSeries();
     // After a tree run: its exports offered in the report window.
@@ -72,6 +83,7 @@ class MainForm : public QMainWindow {
 
     MainSurface* surface_;
     QLabel* aux_pbx_;
+    WrittenFileLine* written_;
     QtHost host_;
     Session session_;
     QHash<QString, MenuItem> menu_;
@@ -79,6 +91,7 @@ class MainForm : public QMainWindow {
     FormSettings form_settings_;
     GenerateState generate_state_;
     std::optional<DistanceTreeResult> last_tree_;  // filled by a completed tree run, for its exports
+    std::shared_ptr<QTemporaryFile> last_table_;   // where the running command may write its table
     const CommandRow* running_row_ = nullptr;
     QFutureWatcher<Outcome> watcher_;
     bool running_ = false;  // from the start of a command until its end has been handled here

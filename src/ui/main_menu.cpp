@@ -3,9 +3,17 @@
 #include <QAction>
 #include <QMenu>
 #include <QMenuBar>
+#include <utility>
 
 namespace tessarin {
 namespace {
+
+// The platform's own keys for the items that have one.
+constexpr std::pair<const char*, QKeySequence::StandardKey> kStandardKeys[] = {
+    {"File_Exit", QKeySequence::Quit},          {"Help_UsingTessarin", QKeySequence::HelpContents},
+    {"Edit_Copy", QKeySequence::Copy},          {"File_Print", QKeySequence::Print},
+    {"File_SaveImageAs", QKeySequence::SaveAs},
+};
 
 QAction* AddItem(QMenu& menu, const QString& name, const char* caption) {
     QAction* action = menu.addAction(caption);
@@ -37,6 +45,14 @@ QHash<QString, MenuItem> BuildMainMenu(QMenuBar& bar) {
             const QString name = QString("%1_%2").arg(row.positions_pair).arg(index);
             items.insert(name, MenuItem{AddItem(*submenu, name, captions[index]), &row, index});
         }
+    }
+    QMenu& file = *menus.value("Menu_File");
+    auto* fold = new QAction("Fold Letters to &Capitals", &file);
+    fold->setObjectName(kFoldCapitalsItem);
+    fold->setCheckable(true);
+    file.insertAction(file.actions().value(1), fold);  // below "&Display Sequence File"
+    for (const auto& [name, key] : kStandardKeys) {
+        if (const auto item = items.constFind(name); item != items.cend()) item->action->setShortcut(key);
     }
     return items;
 }

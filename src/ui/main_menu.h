@@ -18,8 +18,12 @@ struct MenuItem {
     int positions_index = -1;
 };
 
-// Fills the menu bar from the command table: every item carries its control name as Qt object
-// name, separators too. Answers the items by object name ("Subwords_WithPositions_0" for a pair's).
+// The File menu's checkable "Fold Letters to &Capitals": a setting, not a command; while it is
+// checked, every sequence read has its lower-case letters folded to capitals.
+inline constexpr const char* kFoldCapitalsItem = "File_FoldCapitals";
+
+// Fills the menu bar from the command table, and the File menu's setting above: every item carries its control name as
+// Qt object name, separators too. Answers the items by object name ("Subwords_WithPositions_0" for a pair's).
 QHash<QString, MenuItem> BuildMainMenu(QMenuBar& bar);
 
 }  // namespace tessarin

@@ -250,8 +250,8 @@ class PlotCanvas : public QWidget {
 
 }  // namespace
 
-Plot_Form::Plot_Form(NumberSeries series, std::vector<float> thresholds, const QString& caption, FileChoice image_start,
-                     QWidget* parent)
+Plot_Form::Plot_Form(NumberSeries series, std::vector<float> thresholds, const QString& caption,
+                     std::filesystem::path image_start, QWidget* parent)
     : QWidget(parent, Qt::Window),
       plot_(std::make_unique<SeriesPlot>(std::move(series), std::move(thresholds))),
       views_(new QButtonGroup(this)),
@@ -259,7 +259,7 @@ Plot_Form::Plot_Form(NumberSeries series, std::vector<float> thresholds, const Q
       image_start_(std::move(image_start)) {
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(caption);
-    if (image_start_.name.empty()) image_start_.name = "plot.png";
+    if (!image_start_.has_filename()) image_start_ /= "plot.png";
 
     auto* controls = new QHBoxLayout();
     const char* captions[] = {"P(x)", "Series"};
@@ -318,7 +318,7 @@ void Plot_Form::SaveAs() {
     const auto choice = ChooseFileWithDialog(this, FileDialogKind::kSave, image_start_, "*.png *.svg");
     if (!choice) return;
     image_start_ = *choice;
-    const QString path = FromPath(choice->folder + choice->name);
+    const QString path = FromPath(*choice);
     if (!SaveImage(path)) QMessageBox::warning(this, kMessageTitle, "Cannot write the image file " + path);
 }
 

@@ -3,11 +3,11 @@
 #include <QColor>
 #include <QString>
 #include <QWidget>
+#include <filesystem>
 #include <memory>
 #include <vector>
 
 #include "generate/number_series.h"
-#include "session/host.h"
 
 class QButtonGroup;
 class QPainter;
@@ -58,8 +58,8 @@ class Plot_Form : public QWidget {
   public:
     // A window of its own that deletes itself when closed; `image_start` is where the save
     // dialog starts.
-    Plot_Form(NumberSeries series, std::vector<float> thresholds, const QString& caption, FileChoice image_start = {},
-              QWidget* parent = nullptr);
+    Plot_Form(NumberSeries series, std::vector<float> thresholds, const QString& caption,
+              std::filesystem::path image_start = {}, QWidget* parent = nullptr);
 
     // Draws the partition of a discretisation over the plot.
     void SetThresholds(std::vector<float> thresholds);
@@ -80,7 +80,7 @@ class Plot_Form : public QWidget {
     QColor color_ = Qt::blue;
     QButtonGroup* views_;
     QWidget* canvas_;
-    FileChoice image_start_;
+    std::filesystem::path image_start_;
 };
 
 }  // namespace tessarin

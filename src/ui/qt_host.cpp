@@ -10,17 +10,9 @@
 #include "ui/main_surface.h"
 #include "ui/qt_text.h"
 #include "ui/text_form.h"
+#include "ui/window_placement.h"
 
 namespace tessarin {
-namespace {
-
-// New text windows leave the main window active, where any key cancels the running command.
-void ShowBesideMainWindow(TextForm* form) {
-    form->setAttribute(Qt::WA_ShowWithoutActivating);
-    form->show();
-}
-
-}  // namespace
 
 QtHost::QtHost(QWidget& window, MainSurface& surface) : window_(window), surface_(surface) {}
 
@@ -105,7 +97,7 @@ std::optional<std::string> QtHost::AskInput(const std::string& prompt, const std
     });
 }
 
-void QtHost::ShowFile(const std::string& path) {
+void QtHost::ShowFile(const std::filesystem::path& path) {
     Post([this, file = FromPath(path)] {
         QString error;
         TextForm* form = TextForm::ForFile(file, &error);
@@ -113,13 +105,14 @@ void QtHost::ShowFile(const std::string& path) {
             QMessageBox::warning(&window_, kMessageTitle, error);
             return;
         }
-        ShowBesideMainWindow(form);
+        ShowBesideMainWindow(*form, window_);
+        emit FileShown(file);
     });
 }
 
 void QtHost::ShowText(const std::string& caption, const std::string& text) {
-    Post([caption_text = FromDisplayText(caption), body = FromBytes(text)] {
-        ShowBesideMainWindow(TextForm::ForText(caption_text, body));
+    Post([this, caption_text = FromDisplayText(caption), body = FromBytes(text)] {
+        ShowBesideMainWindow(*TextForm::ForText(caption_text, body), window_);
     });
 }
 

@@ -31,8 +31,12 @@ class QtHost : public QObject, public Host {
     bool AskYesNo(const std::string& question, const std::string& title) override;
     std::optional<std::string> AskInput(const std::string& prompt, const std::string& title,
                                         const std::string& default_answer) override;
-    void ShowFile(const std::string& path) override;
+    void ShowFile(const std::filesystem::path& path) override;
     void ShowText(const std::string& caption, const std::string& text) override;
+
+  signals:
+    // A report (or another file a command wrote) is shown in a text window.
+    void FileShown(const QString& path);
 
   private:
     template <typename Action>

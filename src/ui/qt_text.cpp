@@ -5,11 +5,11 @@
 
 namespace tessarin {
 
-QString FromPath(const std::string& path) {
-    return QFile::decodeName(QByteArray::fromStdString(path));
+QString FromPath(const std::filesystem::path& path) {
+    return QFile::decodeName(QByteArray::fromStdString(path.string()));
 }
 
-std::string ToPath(const QString& path) {
+std::filesystem::path ToPath(const QString& path) {
     return QFile::encodeName(path).toStdString();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <filesystem>
 #include <string>
 
 namespace tessarin {
@@ -8,8 +9,8 @@ namespace tessarin {
 // The core keeps texts as 8-bit strings; these are the conversions at the window edge.
 
 // File names and paths, in the file system's own encoding.
-QString FromPath(const std::string& path);
-std::string ToPath(const QString& path);
+QString FromPath(const std::filesystem::path& path);
+std::filesystem::path ToPath(const QString& path);
 
 // Lines, captions and messages: UTF-8 when the bytes are valid UTF-8 (file names in report
 // lines), otherwise one character per byte (sequence letters of an 8-bit alphabet).

@@ -133,6 +133,7 @@ bool Surrogate_Form::Settings(int& count, int& options, int& max_length) {
     exotic_->setEnabled((options_ & kExceptionalEnabled) != 0);
     max_length_->clear();
     DoMaxLenSetting();
+    FocusCheckedOption(*levels_);
     exec();
     if ((options_ & kSurrogateConfirmed) == 0) return false;
     options = options_;

@@ -99,11 +99,10 @@ bool TextForm::Save() {
 
 bool TextForm::SaveAs() {
     const QFileInfo current(path_);
-    const FileChoice start =
-        path_.isEmpty() ? FileChoice{} : FileChoice{ToPath(current.absolutePath()) + "/", ToPath(current.fileName())};
+    const std::filesystem::path start = path_.isEmpty() ? std::filesystem::path() : ToPath(current.absoluteFilePath());
     const auto choice = ChooseFileWithDialog(this, FileDialogKind::kSave, start, "*.txt");
     if (!choice) return false;
-    const QString path = FromPath(choice->folder + choice->name);
+    const QString path = FromPath(*choice);
     if (!WriteTo(path)) return false;
     path_ = path;
     setWindowTitle(path_);

@@ -30,7 +30,7 @@ class ScriptedHost : public Host {
     std::optional<std::string> AskInput(const std::string&, const std::string&, const std::string& d) override {
         return Pop(inputs, d);
     }
-    void ShowFile(const std::string& path) override { shown.push_back(path); }
+    void ShowFile(const std::filesystem::path& path) override { shown.push_back(path.string()); }
     void ShowText(const std::string& caption, const std::string&) override { shown.push_back(caption); }
 
   private:

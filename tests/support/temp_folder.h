@@ -23,7 +23,7 @@ class TempFolder {
     TempFolder(const TempFolder&) = delete;
     TempFolder& operator=(const TempFolder&) = delete;
 
-    // The folder with a trailing separator, as the program keeps folders.
+    // The folder with a trailing separator, as the reports print folders.
     std::string Folder() const { return path_.string() + "/"; }
     std::string Path(const std::string& name) const { return (path_ / name).string(); }
 

@@ -163,6 +163,20 @@ class GenerateFormTest : public QObject {
         QVERIFY(alphabet_enabled);
         QCOMPARE(params.length, 37);
     }
+
+    // Catches a form that opens with the focus elsewhere than on the output format that stands.
+    void focusOnTheCheckedFormat() {
+        QString focused;
+        GenerateParams params;
+        params.format = OutputFormat::kNumbers;
+        QVERIFY(!Show(
+            params,
+            [&focused](Generate_Form* form) {
+                focused = form->focusWidget() != nullptr ? form->focusWidget()->objectName() : "";
+            },
+            "Cancel_Cbt"));
+        QCOMPARE(focused, "Format_Obt_0");
+    }
 };
 
 }  // namespace tessarin

@@ -88,6 +88,21 @@ class GrammarFormTest : public QObject {
         QTEST(method, "expected_method");
         QTEST(options, "expected_options");
     }
+
+    // Catches a form that opens with the focus elsewhere, so that the arrow keys do not move the
+    // method that stands.
+    void focusOnTheCheckedMethod() {
+        QString focused;
+        AnswerModal<Grammar_Form>([&focused](Grammar_Form* form) {
+            focused = form->focusWidget() != nullptr ? form->focusWidget()->objectName() : "";
+            form->reject();
+        });
+        Grammar_Form form;
+        int method = 2;
+        int options = 0;
+        QVERIFY(!form.Settings(method, options));
+        QCOMPARE(focused, "Method_Obt_2");
+    }
 };
 
 }  // namespace tessarin

@@ -5,8 +5,10 @@
 #include <QImage>
 #include <QInputDialog>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QRegularExpression>
@@ -17,32 +19,24 @@
 #include <filesystem>
 #include <thread>
 
+#include "file_answer.h"
+#include "main_form_under_test.h"
 #include "modal_answer.h"
 #include "support/temp_folder.h"
 #include "ui/generate_form.h"
 #include "ui/grammar_form.h"
 #include "ui/plot_form.h"
+#include "ui/record_dialog.h"
 #include "ui/surrogate_form.h"
 
 namespace tessarin {
 
 using testing::AnswerModal;
+using testing::ChooseFileThen;
+using testing::StartMainForm;
+using testing::StopMainForm;
 using testing::TempFolder;
-
-namespace {
-
-// Answers the next file dialog with `path`, then arms `next` for the dialog that follows it.
-void ChooseFileThen(const std::string& path, std::function<void()> next = {}) {
-    AnswerModal<QFileDialog>([path, next](QFileDialog* dialog) {
-        // selectFile() leaves a focused name box alone, and when it gains focus depends on timing.
-        if (QWidget* focused = dialog->focusWidget()) focused->clearFocus();
-        dialog->selectFile(QString::fromStdString(path));
-        static_cast<QDialog*>(dialog)->accept();  // QFileDialog hides accept()
-        if (next) next();
-    });
-}
-
-}  // namespace
+using testing::TriggerAndWait;
 
 class MainFormTest : public QObject {
     Q_OBJECT
@@ -61,32 +55,17 @@ class MainFormTest : public QObject {
         QVERIFY(finished.wait(10000));
     }
 
-    void TriggerAndWait(const QString& action_name) {
-        QSignalSpy finished(form_, &MainForm::CommandFinished);
-        Action(action_name)->trigger();
-        QVERIFY(finished.wait(10000));
-    }
-
   private slots:
-    void init() {
-        form_ = new MainForm(program_folder_.Folder());
-        form_->show();
-    }
+    void init() { form_ = StartMainForm(program_folder_); }
 
-    // Closing (not deleting) is enough: the tests look for visible windows only.
-    void cleanup() {
-        Action("View_CloseallTextWindows")->trigger();
-        Action("View_CloseallPlotWindows")->trigger();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);  // windows that delete themselves
-        delete form_;
-    }
+    void cleanup() { StopMainForm(form_); }
 
     // Catches the command not reaching the window, lines lost or reordered on the way, or 8-bit
     // symbols decoded as UTF-8 (and lost).
     void displaySequenceFile() {
         data_.Write("seq.txt", "ACGT\r\nTTG\xe9\r\n");
         ChooseFileThen(data_.Path("seq.txt"));
-        TriggerAndWait("View_DisplaySequenceFile");
+        QVERIFY(TriggerAndWait(form_, "View_DisplaySequenceFile"));
         QCOMPARE(form_->PrintedLines(),
                  (QStringList{"Display Sequence File", "Sequence seq.txt", "Sequence Length = 8",
                               "Alphabet Size = 5 letters", QString::fromUtf8("Alphabet: ACGT\u00e9"), "",
@@ -152,13 +131,15 @@ class MainFormTest : public QObject {
     }
 
     // Catches a second command started beside a running one, items left greyed out (or unfinished
-    // analyses switched on) after the run, and the window (with the session the worker uses) going
-    // away before the run that Exit cancels has ended.
+    // analyses switched on) after the run, a window that Exit leaves on screen until the run has
+    // stopped, or the session the worker still uses going away before the cancelled run has ended.
     void itemsDisabledWhileRunningAndExitWaitsForTheRun() {
         QSignalSpy finished(form_, &MainForm::CommandFinished);
         form_->StartCommand([](Session& session) {
             while (!session.Aborted())
                 std::this_thread::sleep_for(std::chrono::milliseconds(1));
+            std::this_thread::sleep_for(std::chrono::milliseconds(100));  // a last pass after the cancel
+            session.sequence().text = "still here";
             return Outcome::kCancelled;
         });
         QVERIFY(!Action("View_DisplaySequenceFile")->isEnabled());
@@ -170,9 +151,13 @@ class MainFormTest : public QObject {
             return Outcome::kCompleted;
         });
         Action("File_Exit")->trigger();
-        QVERIFY(form_->isVisible());
+        QVERIFY(!form_->isVisible());
+        QVERIFY(form_->CommandRunning());
+        QVERIFY(QApplication::overrideCursor() != nullptr);
+        QCOMPARE(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
         QVERIFY(finished.wait(10000));
         QVERIFY(!form_->isVisible());
+        QCOMPARE(QApplication::overrideCursor(), nullptr);
         QVERIFY(!second_ran);
         QVERIFY(Action("View_DisplaySequenceFile")->isEnabled());
         QVERIFY(Action("Calc_SurrogateStatistics")->isEnabled());
@@ -214,7 +199,7 @@ class MainFormTest : public QObject {
                 input->accept();
             });
         });
-        TriggerAndWait(action);
+        QVERIFY(TriggerAndWait(form_, action));
         QCOMPARE(asked_title, length_title);
         const QStringList lines = form_->PrintedLines();
         QVERIFY(!lines.isEmpty());
@@ -231,7 +216,7 @@ class MainFormTest : public QObject {
             options->findChild<QPushButton*>("OK_Cbt")->click();
             ChooseFileThen(data_.Path("dna.txt"));
         });
-        TriggerAndWait("Calc_GrammarComplexity");
+        QVERIFY(TriggerAndWait(form_, "Calc_GrammarComplexity"));
         const QStringList lines = form_->PrintedLines();
         QVERIFY(!lines.isEmpty());
         QCOMPARE(lines.first(), "Compute Grammar Complexity  - Press any key to cancel");
@@ -247,7 +232,7 @@ class MainFormTest : public QObject {
         data_.Write("x.txt", "ACGTACGTTTGACGTAACG\r\n");
         data_.Write("y.txt", "ACGTTTTTGACGTAACGGG\r\n");
         ChooseFileThen(data_.Path("x.txt"), [this] { ChooseFileThen(data_.Path("y.txt")); });
-        TriggerAndWait("Calc_AlgorithmicDistance");
+        QVERIFY(TriggerAndWait(form_, "Calc_AlgorithmicDistance"));
         const QStringList lines = form_->PrintedLines();
         QVERIFY(!lines.filter(QRegularExpression("^Algorithmic Distance D\\(x,y\\) = ")).isEmpty());
         QVERIFY2(lines.last().startsWith("Time needed ="), qPrintable(lines.last()));
@@ -262,12 +247,32 @@ class MainFormTest : public QObject {
         data_.Write("t2.seq", "ACGTTTTTGACGTAACGGG\r\n");
         data_.Write("t3.seq", "TTTTTTTTGACGTAACGGG\r\n");
         ChooseFileThen(data_.Path("t1.seq"));
-        TriggerAndWait("Calc_BuildTree");
+        QVERIFY(TriggerAndWait(form_, "Calc_BuildTree"));
         const bool offered = std::ranges::any_of(QApplication::topLevelWidgets(), [](QWidget* window) {
             return window->isVisible() && window->windowTitle().contains("Similar") &&
                    window->findChild<QAction*>("File_SaveTreeAs") != nullptr;
         });
         QVERIFY(offered);
+    }
+
+    // Catches a multi-record FASTA file read as plain text (its headers counted as symbols), the
+    // picked record not the one analysed, or the tree over such a file not run over its records.
+    void multiFastaFileGivesARecordAndATreeOverItsRecords() {
+        const TempFolder fasta;  // its own folder: the tree's log name must not be taken already
+        fasta.Write("genes.fa", ">alpha first\nACGTACGTTT\nGACG\n>beta\nTTTTACGTAACGGG\n>gamma\nACGTTTTTGACGTAACGGG\n");
+        ChooseFileThen(fasta.Path("genes.fa"), [] {
+            AnswerModal<RecordDialog>([](RecordDialog* records) {
+                records->findChild<QListWidget*>("Records_Lst")->setCurrentRow(1);
+                records->accept();
+            });
+        });
+        QVERIFY(TriggerAndWait(form_, "View_DisplaySequenceFile"));
+        QVERIFY2(form_->PrintedLines().contains("Sequence Length = 14"), qPrintable(form_->PrintedLines().join('|')));
+        ChooseFileThen(fasta.Path("genes.fa"));
+        QVERIFY(TriggerAndWait(form_, "Calc_BuildTree"));
+        const std::string log = fasta.Read("Similar.log");
+        for (const char* id : {"alpha", "beta", "gamma"})
+            QVERIFY2(log.find(id) != std::string::npos, id);
     }
 
     // Catches the options form, the save dialog or the plot window missing from a generation.
@@ -276,7 +281,7 @@ class MainFormTest : public QObject {
             options->findChild<QPushButton*>("OK_Cbt")->click();
             ChooseFileThen(data_.Path("white.txt"));
         });
-        TriggerAndWait("Edit_GenerateSequence");
+        QVERIFY(TriggerAndWait(form_, "Edit_GenerateSequence"));
         QCOMPARE(data_.Read("white.txt").size(), 1002U);  // 1000 symbols and CR LF
         QVERIFY(std::ranges::any_of(QApplication::topLevelWidgets(), [](QWidget* window) {
             return window->isVisible() && qobject_cast<Plot_Form*>(window) != nullptr;
@@ -291,7 +296,7 @@ class MainFormTest : public QObject {
             options->findChild<QPushButton*>("OK_Cbt")->click();
             ChooseFileThen(data_.Path("s.txt"));
         });
-        TriggerAndWait("File_MakeSurrogateFiles");
+        QVERIFY(TriggerAndWait(form_, "File_MakeSurrogateFiles"));
         QVERIFY(data_.Exists("s_1.txt"));
         QVERIFY(data_.Exists("s_2.txt"));
         QVERIFY(!data_.Exists("s_3.txt"));
@@ -330,6 +335,37 @@ class MainFormTest : public QObject {
         QCOMPARE(message, "Please don't use filenames with spaces.");
         QVERIFY(asked_again);
         QVERIFY(!data_.Exists("my image.bmp"));
+    }
+
+    // Catches a dropped file not displayed, a folder taken for a sequence, or the next file
+    // dialog not starting where the dropped file lies.
+    void droppedFileIsDisplayedAndItsFolderKept() {
+        data_.Write("dropped.txt", "ACGT\r\n");
+        QMimeData folder;
+        folder.setUrls({QUrl::fromLocalFile(QString::fromStdString(data_.Path("")))});
+        QDragEnterEvent refused(QPoint(20, 20), Qt::CopyAction, &folder, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(form_, &refused);
+        QVERIFY(!refused.isAccepted());
+
+        QMimeData file;
+        file.setUrls({QUrl::fromLocalFile(QString::fromStdString(data_.Path("dropped.txt")))});
+        QDragEnterEvent enter(QPoint(20, 20), Qt::CopyAction, &file, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(form_, &enter);
+        QVERIFY(enter.isAccepted());
+        QSignalSpy finished(form_, &MainForm::CommandFinished);
+        QDropEvent drop(QPointF(20, 20), Qt::CopyAction, &file, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(form_, &drop);
+        QVERIFY(finished.wait(10000));
+        QVERIFY(std::ranges::any_of(QApplication::topLevelWidgets(), [](QWidget* window) {
+            return window->isVisible() && window->windowTitle() == "Input Sequence: dropped.txt";
+        }));
+        QString start;
+        AnswerModal<QFileDialog>([&start](QFileDialog* dialog) {
+            start = dialog->directory().absolutePath();
+            dialog->reject();
+        });
+        Action("View_DisplaySequenceFile")->trigger();
+        QCOMPARE(start, QFileInfo(QString::fromStdString(data_.Path(""))).canonicalFilePath());
     }
 };
 

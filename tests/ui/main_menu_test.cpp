@@ -1,7 +1,9 @@
 #include <QAction>
+#include <QApplication>
 #include <QMenu>
 #include <QMenuBar>
 #include <QTest>
+#include <algorithm>
 
 #include "support/temp_folder.h"
 #include "ui/main_form.h"
@@ -76,6 +78,17 @@ class MainMenuTest : public QObject {
         QVERIFY(action->isEnabled());
     }
 
+    // Catches the setting missing from the File menu, offered as a command, or checked at the start.
+    void foldCapitalsIsAnUncheckedSettingBelowDisplay() {
+        QAction* fold = form_->findChild<QAction*>("File_FoldCapitals");
+        QVERIFY(fold != nullptr);
+        QCOMPARE(fold->text(), "Fold Letters to &Capitals");
+        QVERIFY(fold->isCheckable());
+        QVERIFY(!fold->isChecked());
+        const QList<QAction*> file = form_->findChild<QMenu*>("Menu_File")->actions();
+        QCOMPARE(file.indexOf(fold), file.indexOf(form_->findChild<QAction*>("View_DisplaySequenceFile")) + 1);
+    }
+
     // Catches a With/Without Positions pair missing, out of order, or in the wrong submenu.
     void positionSubmenus() {
         const char* submenus[][3] = {
@@ -89,6 +102,26 @@ class MainMenuTest : public QObject {
             for (QAction* action : submenu->actions())
                 items << action->objectName();
             QCOMPARE(items, (QStringList{QString(pair) + "_0", QString(pair) + "_1"}));
+        }
+    }
+
+    // Catches the help not reached by the platform's help key, and two items on one key, which
+    // Qt treats as ambiguous and so fires neither.
+    void standardKeysReachTheirItems() {
+        form_->show();
+        QVERIFY(QTest::qWaitForWindowActive(form_));
+        QTest::keySequence(form_, QKeySequence(QKeySequence::HelpContents));
+        QVERIFY(std::ranges::any_of(QApplication::topLevelWidgets(), [](QWidget* window) {
+            return window->isVisible() && window->windowTitle() == "Using Tessarin";
+        }));
+        QList<QKeySequence> keys;
+        for (QAction* action : form_->findChildren<QAction*>()) {
+            if (action->shortcut().isEmpty()) continue;
+            QVERIFY2(!keys.contains(action->shortcut()), qPrintable(action->objectName()));
+            keys << action->shortcut();
+        }
+        for (QWidget* window : QApplication::topLevelWidgets()) {
+            if (window != form_) window->close();
         }
     }
 

@@ -154,6 +154,21 @@ class SurrogateFormTest : public QObject {
             QVERIFY(still_open);
         }
     }
+
+    // Catches a form that opens with the focus elsewhere than on the level that stands.
+    void focusOnTheCheckedLevel() {
+        QString focused;
+        AnswerModal<Surrogate_Form>([&focused](Surrogate_Form* form) {
+            focused = form->focusWidget() != nullptr ? form->focusWidget()->objectName() : "";
+            form->reject();
+        });
+        Surrogate_Form form;
+        int count = 100;
+        int options = kPreserveTriples;
+        int max_length = 0;
+        QVERIFY(!form.Settings(count, options, max_length));
+        QCOMPARE(focused, "Preserve_Obt_2");
+    }
 };
 
 }  // namespace tessarin

@@ -13,16 +13,17 @@ namespace tessarin {
 namespace {
 
 // Names the report's log and claims its file. The log lies beside the program's folder, not in it,
-// on purpose: the folder's path without its separator and the name are joined with nothing between
-// (a program in /opt/tool reports to /opt/tooldistance.log), the one place where this join is made.
+// on purpose: the folder's own name and the log's name are joined with nothing between (a program
+// in /opt/tool reports to /opt/tooldistance.log), the one place where this join is made.
 void SelectDistanceLog(Session& session) {
-    std::string folder = session.program_folder();
-    if (!folder.empty()) folder.pop_back();
-    session.log() = LogTarget{ClaimFreeLogName(folder, "distance.log"), folder};
+    const std::filesystem::path& program = session.program_folder();
+    const std::filesystem::path beside = program.has_relative_path() ? program.parent_path() : program;
+    const std::string lead = program.has_relative_path() ? program.filename().string() : "";
+    session.log() = LogTarget{ClaimFreeLogName(beside, "distance.log", lead), beside};
 }
 
 void WriteOperandHeader(Session& session, const std::string& label, const DistanceOperand& operand) {
-    WriteLogLine(session, label + operand.folder + operand.name);
+    WriteLogLine(session, label + (operand.folder / operand.name).string());
     WriteLogLine(session, "Length =" + IntegerText(static_cast<long long>(operand.text.size())) + " symbols");
     WriteLogLine(session, "");
 }
@@ -32,6 +33,7 @@ void WriteOperandHeader(Session& session, const std::string& label, const Distan
 // values be derived from what those computations returned.
 void ReportDistance(Session& session, const DistanceOperand& x, const DistanceOperand& y) {
     CurrentSequence& sequence = session.sequence();
+    sequence.record.clear();  // the operands' names carry their records
     sequence.file_name = x.name;
     const float kx = MeasureAsCurrentText(session, x.text);
     PrintLine(session, "Sequence 1: Grammatical Complexity K(x) =" + SingleText(kx));
@@ -87,9 +89,9 @@ void AlgorithmicDistance(Session& session, const DistanceOperand& x, const Dista
 Outcome RunAlgorithmicDistance(Session& session, const DistanceParams& params) {
     const CurrentSequence& sequence = session.sequence();
     LoadInputSequence(session, params.first);
-    const DistanceOperand x{sequence.text, sequence.folder, sequence.file_name};
+    const DistanceOperand x{sequence.text, sequence.folder, sequence.Name()};
     LoadInputSequence(session, params.second);
-    const DistanceOperand y{sequence.text, sequence.folder, sequence.file_name};
+    const DistanceOperand y{sequence.text, sequence.folder, sequence.Name()};
     const double start_time = session.Now();
     AlgorithmicDistance(session, x, y);
     const bool aborted = session.Aborted();

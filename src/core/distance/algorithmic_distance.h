@@ -10,7 +10,7 @@ namespace tessarin {
 // One of the two sequences compared: its text and where it came from.
 struct DistanceOperand {
     std::string text;
-    std::string folder;  // ends with the path separator
+    std::filesystem::path folder;
     std::string name;
 };
 

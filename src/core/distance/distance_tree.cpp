@@ -5,10 +5,9 @@
 
 #include "distance/current_text.h"
 #include "distance/tree_exports.h"
-#include "grammar/folder_complexity.h"
 #include "logfile/log_file.h"
 #include "logfile/number_text.h"
-#include "sequence/sequence_file.h"
+#include "sequence/folder_sequences.h"
 #include "session/clock.h"
 
 namespace tessarin {
@@ -105,26 +104,26 @@ void ReportClusterTree(Session& session, const ClusterTree& tree) {
         WriteLogLine(session, line);
 }
 
-std::optional<DistanceTreeResult> DistanceTree(Session& session, const std::vector<std::string>& files, int mode) {
+std::optional<DistanceTreeResult> DistanceTree(Session& session, const FolderSequences& set, int mode) {
     Host& host = session.host();
     CurrentSequence& sequence = session.sequence();
     host.PrintMainLine("");
     host.PrintMainLine("Compute Distance Matrix  - Press any key to cancel");
-    for (std::size_t i = 0; i < files.size(); ++i)
-        host.PrintMainLine("Sequence" + IntegerText(static_cast<long long>(i + 1)) + " \t" + files[i]);
+    for (std::size_t i = 0; i < set.size(); ++i)
+        host.PrintMainLine("Sequence" + IntegerText(static_cast<long long>(i + 1)) + " \t" + set.names()[i]);
 
     std::vector<std::string> texts;
     std::vector<std::string> names;
-    for (const std::string& file : files) {
-        texts.push_back(ReadTextFile(sequence.folder, file));
-        names.push_back(FileBaseName(file));
+    for (std::size_t i = 0; i < set.size(); ++i) {
+        texts.push_back(set.Text(i));
+        names.push_back(set.BaseName(i));
     }
     const std::optional<DistanceMatrix> matrix = FillDistanceMatrix(texts, names, session.threads(), session.Progress(),
                                                                     [&session] { return session.Aborted(); });
     if (!matrix) return std::nullopt;
 
     // Named only now: naming a log claims its file, and a run cancelled above leaves none.
-    session.log() = LogTarget{"Similar.log", sequence.folder};
+    session.log() = LogTarget{"Similar.log", set.folder()};
     OpenLogFile(session, 0);
     ReportDistanceMatrix(session, names, *matrix);
     host.PrintMainLine("");
@@ -135,7 +134,7 @@ std::optional<DistanceTreeResult> DistanceTree(Session& session, const std::vect
     ReportClusterTree(session, *tree);
     ShowLogFile(session);
 
-    sequence.file_name = files.front();
+    set.NameCurrent(sequence, 0);
     // The last complexity of a one-thread run measures the last file followed by the one before it.
     SetCurrentText(session, texts[texts.size() - 1] + texts[texts.size() - 2]);
     return DistanceTreeResult{std::move(names), *matrix, std::move(*tree)};
@@ -144,21 +143,21 @@ std::optional<DistanceTreeResult> DistanceTree(Session& session, const std::vect
 Outcome RunDistanceTree(Session& session, const TreeParams& params) {
     CurrentSequence& sequence = session.sequence();
     const std::filesystem::path file = std::filesystem::absolute(params.file).lexically_normal();
-    sequence.folder = file.parent_path().string();
-    if (sequence.folder.back() != '/') sequence.folder += '/';
+    sequence.folder = file.parent_path();
     sequence.file_name = file.filename().string();
+    sequence.record.clear();
     const std::string extension = Extension(sequence.file_name);
-    const std::vector<std::string> files = FolderFiles(sequence.folder, extension);
+    const FolderSequences set(file, sequence.reading);
     session.host().ClearMainWindow();
-    if (files.size() < 2) {
+    if (set.size() < 2) {
         if (params.explain_refusal) {
-            session.host().ShowMessage("fewer than two matching files: " + sequence.folder + "*." + extension,
-                                       kMessageTitle);
+            session.host().ShowMessage(
+                "fewer than two matching files: " + FolderText(sequence.folder) + "*." + extension, kMessageTitle);
         }
         return Outcome::kRefused;
     }
     const double start_time = session.Now();
-    const std::optional<DistanceTreeResult> result = DistanceTree(session, files, kSingleLinkage);
+    const std::optional<DistanceTreeResult> result = DistanceTree(session, set, kSingleLinkage);
     if (result) {
         WriteExport(params.newick, NewickText(result->tree));
         WriteExport(params.phylip, PhylipText(result->matrix, result->names));

@@ -7,6 +7,7 @@
 
 #include "distance/cluster_tree.h"
 #include "distance/distance_matrix.h"
+#include "sequence/folder_sequences.h"
 #include "session/command.h"
 
 namespace tessarin {
@@ -41,17 +42,18 @@ void ReportDistanceMatrix(Session& session, const std::vector<std::string>& name
 // The report of a cluster tree, in the log only: its edge list and its drawing.
 void ReportClusterTree(Session& session, const ClusterTree& tree);
 
-// Compares every pair of `files` (at least two, in the sequence folder) by their relative
-// algorithmic distance and clusters them with `mode`: the distance list, every violation of the
-// triangle inequality, the triangular matrix, the tree's edge list and its drawing go to
-// "Similar.log" in the sequence folder, which is then shown. Nothing when cancelled: a cancel
-// during the complexities leaves no log at all, one during the clustering a log that is not shown.
-// Leaves file 1 as the current sequence file and the last pair measured as the current text.
-std::optional<DistanceTreeResult> DistanceTree(Session& session, const std::vector<std::string>& files, int mode);
+// Compares every pair of the sequences of `set` (at least two: files of one folder or records of
+// one file) by their relative algorithmic distance and clusters them with `mode`: the distance
+// list, every violation of the triangle inequality, the triangular matrix, the tree's edge list
+// and its drawing go to "Similar.log" in the set's folder, which is then shown. Nothing when
+// cancelled: a cancel during the complexities leaves no log at all, one during the clustering a
+// log that is not shown. Leaves sequence 1 as the current sequence's name and the last pair
+// measured as the current text.
+std::optional<DistanceTreeResult> DistanceTree(Session& session, const FolderSequences& set, int mode);
 
 // "Distance Matrix / &Tree": the files with the extension of `params.file` in its folder, in name
-// order, single linkage; then the extra outputs; ends with the time needed or "User Abort".
-// Refused when fewer than two files match.
+// order, or the records of a FASTA file of several (see FolderSequences), single linkage; then the
+// extra outputs; ends with the time needed or "User Abort". Refused when fewer than two files match.
 Outcome RunDistanceTree(Session& session, const TreeParams& params);
 
 }  // namespace tessarin

@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <charconv>
+#include <vector>
 
 #include "logfile/number_text.h"
+#include "logfile/tsv_table.h"
 
 namespace tessarin {
 namespace {
@@ -69,17 +71,16 @@ std::string PhylipText(const DistanceMatrix& matrix, std::span<const std::string
 }
 
 std::string TsvText(const DistanceMatrix& matrix, std::span<const std::string> names) {
-    std::string text;
-    for (const std::string& name : names)
-        text += "\t" + name;
-    text += "\n";
+    std::vector<std::string> columns{""};
+    columns.insert(columns.end(), names.begin(), names.end());
+    TsvTable table(columns);
     for (int i = 1; i <= matrix.size(); ++i) {
-        text += names[i - 1];
+        table.Cell(names[i - 1]);
         for (int j = 1; j <= matrix.size(); ++j)
-            text.append("\t").append(FixedDecimalsText(matrix(i, j), kExportDecimals));
-        text += "\n";
+            table.Cell(matrix(i, j));
+        table.EndRow();
     }
-    return text;
+    return table.Text();
 }
 
 }  // namespace tessarin

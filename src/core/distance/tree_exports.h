@@ -18,7 +18,7 @@ std::string NewickText(const ClusterTree& tree);
 // 10 characters) and its n distances with 6 decimals.
 std::string PhylipText(const DistanceMatrix& matrix, std::span<const std::string> names);
 
-// The distances as a tab-separated table with a header row of the names.
+// The distances as a tab-separated table (TsvTable) with a header row of the names.
 std::string TsvText(const DistanceMatrix& matrix, std::span<const std::string> names);
 
 }  // namespace tessarin

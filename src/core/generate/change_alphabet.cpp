@@ -59,7 +59,7 @@ Outcome RunChangeAlphabet(Session& session, const ChangeAlphabetParams& params) 
     session.host().PrintMainLine("New Alphabet: " + params.new_alphabet);
     session.host().PrintMainLine("");
     WriteEditFile(params.output_path, changed + "\r\n");
-    session.host().ShowFile(params.output_path.string());
+    session.host().ShowFile(params.output_path);
     session.FinalNote(start_time);
     return Outcome::kCompleted;
 }

@@ -87,7 +87,7 @@ Outcome RunFractionate(Session& session, const FractionateParams& params) {
     }
     host.PrintMainLine("New Length =" + IntegerText(new_length));
     WriteEditFile(params.output_path, content);
-    host.ShowFile(params.output_path.string());
+    host.ShowFile(params.output_path);
     session.FinalNote(start_time);
     return Outcome::kCompleted;
 }

@@ -16,8 +16,8 @@ Outcome Cancelled(Session& session, double start_time) {
 
 }  // namespace
 
-std::string GenerateOutputFolder(Session& session) {
-    std::string& folder = session.sequence().folder;
+std::filesystem::path GenerateOutputFolder(Session& session) {
+    std::filesystem::path& folder = session.sequence().folder;
     if (folder.empty()) folder = session.program_folder();
     return folder;
 }
@@ -52,7 +52,7 @@ Outcome RunGenerateOrDiscretize(Session& session, const GenerateParams& params, 
             params.output_path, symbols->text,
             params.format == OutputFormat::kSymbolsPerLine ? SequenceLayout::kSymbolPerLine : SequenceLayout::kOneLine);
     }
-    session.host().ShowFile(params.output_path.string());
+    session.host().ShowFile(params.output_path);
     session.FinalNote(start_time);
     return Outcome::kCompleted;
 }

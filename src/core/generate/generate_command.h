@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -21,7 +22,7 @@ struct GenerateState {
 
 // The folder the save dialog starts in: the sequence folder, which becomes the program's folder
 // when it is still empty.
-std::string GenerateOutputFolder(Session& session);
+std::filesystem::path GenerateOutputFolder(Session& session);
 
 // "Generate a Sequence" (mode 0) and "Discretize a Time Series" (mode 1): generates the series or
 // reads params.series_file, then writes it to params.output_path as numbers, or discretised into

@@ -56,7 +56,7 @@ Outcome RunRemoveFileContext(Session& session, const RemoveFileContextParams& pa
 
     sequence.text = KeepOnlyLetters(sequence.text, params.kept_letters, session.Progress());
     WriteEditFile(params.output_path, sequence.text);
-    session.host().ShowFile(params.output_path.string());
+    session.host().ShowFile(params.output_path);
     session.FinalNote(start_time);
     return Outcome::kCompleted;
 }

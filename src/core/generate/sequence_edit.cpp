@@ -22,7 +22,7 @@ void PrintEditStart(Session& session, const std::string& title) {
     const CurrentSequence& sequence = session.sequence();
     host.PrintMainLine("");
     host.PrintMainLine(title);
-    host.PrintMainLine("Sequence " + sequence.folder + sequence.file_name);
+    host.PrintMainLine("Sequence " + sequence.PathName());
 }
 
 void ReportEditSummary(Session& session) {

@@ -1,6 +1,7 @@
 #include "grammar/compress_grammar.h"
 
 #include <algorithm>
+#include <cmath>
 #include <memory>
 
 #include "grammar/choose_word.h"
@@ -13,38 +14,109 @@ namespace {
 
 constexpr std::int32_t kUnlimited = 2147483647;  // the working length that means "longest possible"
 
+std::string ProgressText(const std::string& label, std::int32_t length) {
+    if (length == kUnlimited) return label + ": Find Words";
+    return label + ": Find Words len =" + IntegerText(length);
+}
+
+// One display runs from 0 to 1 per trie: the first tenth is the share of the sequence scanned
+// while the trie is built; the rest is how far the chosen words have shrunk, on a log scale,
+// from the first pass's: the count for pairs and for Shortest First, the gain for Maximum Gain
+// and the length otherwise. Greedy choices shrink roughly geometrically, so the display moves
+// steadily. Under one caption it never goes back, even when Shortest First rebuilds its trie.
+class CompressProgress {
+  public:
+    // `length` is the working length of the run, read at every call.
+    CompressProgress(const std::string& label, Method method, const std::int32_t& length, const ProgressFn& progress)
+        : label_(label), method_(method), length_(length), progress_(progress) {}
+
+    // A new trie: the display starts again from its scan.
+    void NewTrie() {
+        first_size_ = 0;
+        passes_done_ = 0;
+    }
+
+    // `scanned` as the trie's poll gives it: the share of a build, or -1 during the passes.
+    bool Show(double scanned) {
+        if (length_ != shown_length_) {
+            shown_length_ = length_;
+            shown_ = kLeast;
+        }
+        const double fraction = scanned >= 0 ? kBuildShare * scanned : kBuildShare + (1 - kBuildShare) * passes_done_;
+        shown_ = std::clamp(fraction, shown_, kMost);
+        return progress_(ProgressText(label_, length_), static_cast<float>(shown_));
+    }
+
+    void Chosen(const WordListView::Entry& word) {
+        const double size = SizeOf(word);
+        if (first_size_ == 0) first_size_ = size;
+        if (first_size_ <= 1 || size < 1) return;
+        passes_done_ = std::max(passes_done_, 1 - std::log(size) / std::log(first_size_));
+    }
+
+  private:
+    static constexpr double kBuildShare = 0.1;
+    static constexpr double kLeast = 1e-4;  // 0 would restart the display, 1 would end it
+    static constexpr double kMost = 0.9999;
+
+    double SizeOf(const WordListView::Entry& word) const {
+        if (method_ == Method::kMaximumGain) return (word.length - 1.0) * (word.count - 1.0) - 1.0;
+        if (method_ == Method::kShortestFirst || length_ == 2) return word.count;
+        return word.length;
+    }
+
+    const std::string& label_;
+    Method method_;
+    const std::int32_t& length_;
+    const ProgressFn& progress_;
+    double first_size_ = 0;
+    double passes_done_ = 0;
+    std::int32_t shown_length_ = 0;
+    double shown_ = kLeast;
+};
+
+// A trie over the rules as they stand, its build and its later passes polled through `progress`.
+std::unique_ptr<WordListView> NewList(std::span<const Rule> rules, std::int32_t length, CompressProgress& progress) {
+    progress.NewTrie();
+    return std::make_unique<WordListView>(rules, length,
+                                          [&progress](double scanned) { return progress.Show(scanned); });
+}
+
 // The view indexes words up to the working length (all lengths once it is unlimited); a longer
-// working length needs a deeper trie, built afresh from the rules as they stand.
-void Deepen(std::unique_ptr<WordListView>& list, std::int32_t length) {
-    if (list->max_depth() < length) list = std::make_unique<WordListView>(list->Rules(), length);
+// working length needs a deeper trie, built afresh from the rules as they stand. The old trie goes
+// before the new one is built, so the two are never held at once.
+void Deepen(std::unique_ptr<WordListView>& list, std::int32_t length, CompressProgress& progress) {
+    if (list->max_depth() >= length) return;
+    const std::vector<Rule> rules = list->Rules();
+    list.reset();
+    list = NewList(rules, length, progress);
 }
 
 // One search with its acceptance: the pair search of NVOGRAM falls back, once and for good, to
 // the longest words when its first pair is not frequent enough; Shortest First carries its list
-// on to longer words until one is frequent enough or none is longer.
-void Search(std::unique_ptr<WordListView>& list, Method method, std::int32_t& length) {
-    Deepen(list, length);
+// on to longer words until one is frequent enough or none is longer. False when a rebuilt trie
+// was stopped by a cancel.
+bool Search(std::unique_ptr<WordListView>& list, Method method, std::int32_t& length, CompressProgress& progress) {
+    Deepen(list, length, progress);
+    if (list->stopped()) return false;
     list->Search(length);
     while (length != kUnlimited) {
         const int start = LastGroupStart(*list);
         const int f = start < 1 ? 0 : list->At(start).count;
         if (method == Method::kNvogram) {
-            if (f > 2) return;
+            if (f > 2) return true;
             length = kUnlimited;
-            Deepen(list, length);
+            Deepen(list, length, progress);
+            if (list->stopped()) return false;
             list->Search(length);
-            return;
+            return true;
         }
-        if (length == 2 ? f > 2 : f > 1) return;
-        if (list->LastLength() < length) return;
+        if (length == 2 ? f > 2 : f > 1) return true;
+        if (list->LastLength() < length) return true;
         ++length;
         list->ExtendLastGroup();
     }
-}
-
-std::string ProgressText(const std::string& label, std::int32_t length) {
-    if (length == kUnlimited) return label + ": Find Words";
-    return label + ": Find Words len =" + IntegerText(length);
+    return true;
 }
 
 }  // namespace
@@ -55,26 +127,25 @@ GrammarResult CompressGrammar(std::span<const std::int32_t> coded, int alphabet_
     std::int32_t code = alphabet_size;
     std::int32_t length = (method == Method::kNvogram || method == Method::kShortestFirst) ? 2 : kUnlimited;
     const std::span<const std::int32_t> symbols = coded.empty() ? coded : coded.subspan(1);
-    const auto initial_size = static_cast<std::int64_t>(symbols.size());
-    std::int64_t size = initial_size;
+    std::int64_t size = static_cast<std::int64_t>(symbols.size());
     if (progress(ProgressText(options.progress_label, length), 0)) {
         result.cancelled = true;
         return result;
     }
-    const Rule start_rule{0, std::vector<std::int32_t>(symbols.begin(), symbols.end())};
-    auto list = std::make_unique<WordListView>(std::span<const Rule>(&start_rule, 1), length);
+    CompressProgress shown(options.progress_label, method, length, progress);
+    std::unique_ptr<WordListView> list;
+    {
+        const Rule start_rule{0, std::vector<std::int32_t>(symbols.begin(), symbols.end())};
+        list = NewList(std::span<const Rule>(&start_rule, 1), length, shown);
+    }
     for (;;) {
-        Search(list, method, length);
-        // The share of the sequence compressed away so far; it reaches 1 only at the end.
-        const double shrunk =
-            1.0 - static_cast<double>(size) / static_cast<double>(std::max<std::int64_t>(initial_size, 1));
-        if (progress(ProgressText(options.progress_label, length),
-                     static_cast<float>(std::clamp(shrunk, 1e-4, 0.9999)))) {
+        if (list->stopped() || !Search(list, method, length, shown) || shown.Show(-1)) {
             result.cancelled = true;
             return result;
         }
         const int chosen = list->LastLength() < 2 ? 0 : ChooseWord(*list, method);
         if (chosen == 0) break;
+        shown.Chosen(list->At(chosen));
         size += list->AddRule(chosen, ++code);
         result.pass_sizes.push_back(size);
         if (options.on_pass) options.on_pass(size);

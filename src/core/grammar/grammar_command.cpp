@@ -8,7 +8,7 @@ namespace tessarin {
 
 Outcome RunGrammarComplexity(Session& session, const GrammarParams& params) {
     if (params.input.empty()) return Outcome::kRefused;
-    if (params.all_files) return RunFolderComplexity(session, params.method, params.input);
+    if (params.all_files) return RunFolderComplexity(session, params.method, params.input, params.table);
     if (LoadInputSequence(session, params.input) == 0) return Outcome::kRefused;
     const double start_time = session.Now();
     const bool completed = CurrentSequenceComplexity(session, params.method, true).has_value() && !session.Aborted();

@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "grammar/method.h"
+#include "logfile/tsv_table.h"
 #include "session/command.h"
 
 namespace tessarin {
@@ -12,6 +13,7 @@ struct GrammarParams {
     // Every file in the input's folder with the input's extension, instead of the input alone.
     bool all_files = false;
     std::filesystem::path input;  // the sequence file the user chose
+    TableOutput table;            // the folder run's figures as a table, besides its log
 };
 
 // "&Grammatical Complexity" once its options and file are chosen: the input's complexity with

@@ -30,7 +30,7 @@ std::optional<float> CurrentSequenceComplexity(Session& session, Method method, 
     if (report) {
         session.host().ClearMainWindow();
         session.host().PrintMainLine(std::string(kTitle) + "  - Press any key to cancel");
-        session.host().PrintMainLine("Sequence " + sequence.folder + sequence.file_name);
+        session.host().PrintMainLine("Sequence " + sequence.PathName());
     }
     if (sequence.text.size() < 2) return 0.0F;
     if (report) StartReportLog(session, FileBaseName(sequence.file_name) + ".log", kTitle);

@@ -2,7 +2,16 @@
 
 namespace tessarin {
 
+// Room for the rules to come beside the given ones, so that the first few new rules do not double
+// arrays that hold millions of slots.
 LinkedRules::LinkedRules(std::span<const Rule> rules) {
+    std::size_t slots = 0;
+    for (const Rule& rule : rules)
+        slots += rule.symbols.size();
+    const std::size_t room = slots + slots / 8 + 1024;
+    symbols_.reserve(room);
+    next_.reserve(room);
+    prev_.reserve(room);
     for (const Rule& rule : rules)
         AppendRule(rule.code, rule.symbols);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <vector>
@@ -17,6 +18,8 @@ class LinkedRules {
     explicit LinkedRules(std::span<const Rule> rules);
 
     std::int32_t SlotCount() const { return static_cast<std::int32_t>(symbols_.size()); }
+    // The slots there is room for before the arrays grow.
+    std::size_t SlotCapacity() const { return symbols_.capacity(); }
     std::int32_t Symbol(std::int32_t slot) const { return symbols_[slot]; }
     // The neighbouring slots in the same rule, -1 past either end.
     std::int32_t Next(std::int32_t slot) const { return next_[slot]; }

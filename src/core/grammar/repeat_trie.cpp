@@ -7,16 +7,22 @@
 
 namespace tessarin {
 
-RepeatTrie::RepeatTrie(std::span<const Rule> rules, int max_depth) : text_(rules), max_depth_(max_depth) {
+RepeatTrie::RepeatTrie(std::span<const Rule> rules, int max_depth, Poll poll)
+    : text_(rules), max_depth_(max_depth), poll_(std::move(poll)) {
     nodes_.emplace_back();
     const std::int32_t slots = text_.SlotCount();
+    path_end_.reserve(text_.SlotCapacity());
+    next_at_node_.reserve(text_.SlotCapacity());
+    prev_at_node_.reserve(text_.SlotCapacity());
     path_end_.assign(static_cast<std::size_t>(slots), -1);
     next_at_node_.assign(static_cast<std::size_t>(slots), -1);
     prev_at_node_.assign(static_cast<std::size_t>(slots), -1);
-    for (std::int32_t slot = 0; slot < slots; ++slot) {
+    for (std::int32_t slot = 0; slot < slots && !stopped_; ++slot) {
+        scanned_ = static_cast<double>(slot) / slots;
         Attach(slot);
         Extend(slot);
     }
+    scanned_ = -1;
 }
 
 int RepeatTrie::GroupSize(int length) const {
@@ -135,6 +141,7 @@ void RepeatTrie::Extend(std::int32_t slot) {
             const std::int32_t symbol = text_.Symbol(next);
             std::int32_t child = children_.Find(ChildKey(at, symbol));
             if (child < 0) child = NewNode(at, symbol);
+            Step();
             RemoveSlot(at, start);
             AddSlot(child, start);
             path_end_[start] = child;
@@ -163,6 +170,7 @@ void RepeatTrie::Cut(std::int32_t slot, int depth) {
     RemoveSlot(at, slot);
     std::int32_t single = -1;
     while (nodes_[at].depth > depth) {
+        Step();
         CountChanged(at);
         Node& node = nodes_[at];
         const std::int32_t parent = node.parent;
@@ -224,6 +232,7 @@ void RepeatTrie::Replace(const std::vector<std::int32_t>& starts, int length, st
         RemoveSlot(kRoot, slot);
         path_end_[slot] = -1;
     }
+    if (stopped_) return;
     for (const std::int32_t start : starts)
         text_.Replace(start, length, code);
     const std::int32_t first_new = text_.AppendRule(code, symbols);
@@ -232,6 +241,7 @@ void RepeatTrie::Replace(const std::vector<std::int32_t>& starts, int length, st
     prev_at_node_.resize(path_end_.size(), -1);
 
     for (const std::int32_t start : starts) {
+        if (stopped_) return;
         Attach(start);
         Extend(start);
     }

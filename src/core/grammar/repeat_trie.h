@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <span>
 #include <vector>
 
@@ -17,9 +18,15 @@ namespace tessarin {
 // number of occurrences. Nodes are words; the words that repeat are kept in groups by length.
 class RepeatTrie {
   public:
-    RepeatTrie(std::span<const Rule> rules, int max_depth);
+    // Called every few milliseconds of work, with the share of the slots scanned while the trie is
+    // built and with -1 while a replacement is worked in; answers true to stop the work.
+    using Poll = std::function<bool(double scanned)>;
+
+    RepeatTrie(std::span<const Rule> rules, int max_depth, Poll poll = {});
 
     int max_depth() const { return max_depth_; }
+    // The poll answered true: the trie is left half built or half updated and must be dropped.
+    bool stopped() const { return stopped_; }
     const LinkedRules& text() const { return text_; }
 
     // The nodes of the words of `length` symbols that occur at least twice, in no order.
@@ -72,6 +79,10 @@ class RepeatTrie {
                static_cast<std::uint32_t>(symbol);
     }
 
+    // Counts one step of work and polls once every kStepsPerPoll steps.
+    void Step() {
+        if (++steps_ % kStepsPerPoll == 0 && poll_ && !stopped_) stopped_ = poll_(scanned_);
+    }
     void Attach(std::int32_t slot);
     void Extend(std::int32_t slot);
     void Cut(std::int32_t slot, int depth);
@@ -87,8 +98,14 @@ class RepeatTrie {
     // The slots of every occurrence of the word, in no order.
     void Occurrences(std::int32_t node, std::vector<std::int32_t>& slots) const;
 
+    static constexpr std::uint64_t kStepsPerPoll = 1 << 16;
+
     LinkedRules text_;
     int max_depth_;
+    Poll poll_;
+    std::uint64_t steps_ = 0;
+    double scanned_ = -1;
+    bool stopped_ = false;
     std::vector<Node> nodes_;
     std::vector<std::int32_t> free_nodes_;
     OpenHashMap children_;                // (parent, symbol) -> child

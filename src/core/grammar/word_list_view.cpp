@@ -1,12 +1,14 @@
 #include "grammar/word_list_view.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "grammar/overlaps.h"
 
 namespace tessarin {
 
-WordListView::WordListView(std::span<const Rule> rules, int max_depth) : trie_(rules, max_depth) {}
+WordListView::WordListView(std::span<const Rule> rules, int max_depth, RepeatTrie::Poll poll)
+    : trie_(rules, max_depth, std::move(poll)) {}
 
 int WordListView::TopTrieLength() const {
     return std::min(view_length_, trie_.GroupCount());

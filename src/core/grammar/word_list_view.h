@@ -25,10 +25,12 @@ class WordListView {
         int rank = 0;   // place in its group as the search ordered it, 1 = most frequent
     };
 
-    // The words of up to `max_depth` symbols of the rules.
-    WordListView(std::span<const Rule> rules, int max_depth);
+    // The words of up to `max_depth` symbols of the rules; `poll` as the trie's.
+    WordListView(std::span<const Rule> rules, int max_depth, RepeatTrie::Poll poll = {});
 
     int max_depth() const { return trie_.max_depth(); }
+    // The poll answered true during the build or a rule's replacements: the view must be dropped.
+    bool stopped() const { return trie_.stopped(); }
     std::vector<Rule> Rules() const { return trie_.text().ToRules(); }
 
     // The list as a fresh search up to `max_length` (at most the depth) leaves it.

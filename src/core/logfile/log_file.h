@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <stdexcept>
 #include <string>
 
@@ -18,12 +19,11 @@ class LogFileError : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-// folder + name, with a separator added when the folder has none (empty folder: the name alone).
-std::string JoinPath(const std::string& folder, const std::string& name);
-
 // Claims the first free name among `name`, "<base>_1.log", "<base>_2.log", ... by creating the file
-// `prefix` + name (joined with nothing between) and answers the name claimed.
-std::string ClaimFreeLogName(const std::string& prefix, const std::string& name);
+// `folder` / (`lead` + name) and answers `lead` + the name claimed. The lead is glued to the name
+// with nothing between, so the base of the numbered names stays that of `name`.
+std::string ClaimFreeLogName(const std::filesystem::path& folder, const std::string& name,
+                             const std::string& lead = "");
 
 // Makes the current log name usable: with keep = 1 an existing file is deleted; otherwise an
 // existing name is replaced by the first free "<base>_<n>.log" (n = 1, 2, ...).
@@ -40,15 +40,10 @@ void PrintLine(Session& session, const std::string& text);
 void ShowLogFile(Session& session);
 
 // The path WriteLogLine appends to.
-std::string LogFilePath(Session& session);
+std::filesystem::path LogFilePath(Session& session);
 
 // Names the log, finds a free name for it and writes the report header: the version line,
 // the title with the date and time, the sequence's folder and name, and an empty line.
 void StartReportLog(Session& session, const std::string& log_name, const std::string& title);
-
-// True when the trimmed name is not empty and such a file exists in the trimmed folder
-// (the current directory when empty).
-bool FileExists(const std::string& folder, const std::string& name);
-void DeleteFile(const std::string& folder, const std::string& name);
 
 }  // namespace tessarin

@@ -13,7 +13,7 @@ Outcome DisplaySequenceFile(Session& session, const std::filesystem::path& input
     Host& host = session.host();
     host.ClearMainWindow();
     host.PrintMainLine("Display Sequence File");
-    host.PrintMainLine("Sequence " + session.sequence().file_name);
+    host.PrintMainLine("Sequence " + session.sequence().Name());
     SetAlphabetAndReport(session);
     return Outcome::kCompleted;
 }

@@ -4,25 +4,22 @@
 #include <fstream>
 #include <iterator>
 
-#include "logfile/log_file.h"
+#include "sequence/regular_file.h"
+#include "sequence/sequence_reading.h"
 
 namespace tessarin {
 
-std::string ReadTextFile(const std::string& folder, const std::string& name) {
-    const std::string path = JoinPath(folder, name);
-    std::error_code error;
-    if (std::filesystem::is_directory(path, error)) {
-        throw SequenceFileError("Cannot read the sequence file " + path + ": it is a folder");
-    }
+std::string ReadTextFile(const std::filesystem::path& path) {
+    RequireRegularFile(path);
     std::string bytes;
     try {
         std::ifstream file(path, std::ios::binary);
-        if (!file) throw SequenceFileError("Cannot read the sequence file " + path);
+        if (!file) throw SequenceFileError("Cannot read the sequence file " + path.string());
         bytes.assign(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
-        if (file.bad()) throw SequenceFileError("Cannot read the sequence file " + path);
+        if (file.bad()) throw SequenceFileError("Cannot read the sequence file " + path.string());
     } catch (const std::ios_base::failure&) {
         // Special files (a device, a socket) fail inside the stream library with its own wording.
-        throw SequenceFileError("Cannot read the sequence file " + path);
+        throw SequenceFileError("Cannot read the sequence file " + path.string());
     }
     std::string text;
     text.reserve(bytes.size());
@@ -32,23 +29,20 @@ std::string ReadTextFile(const std::string& folder, const std::string& name) {
     return text;
 }
 
-std::string ReadTextFile(const std::filesystem::path& path) {
-    return ReadTextFile(path.parent_path().string(), path.filename().string());
-}
-
 std::string FileBaseName(const std::string& name) {
     return name.substr(0, name.find('.'));
 }
 
 int LoadInputSequence(Session& session, const std::filesystem::path& path) {
     CurrentSequence& sequence = session.sequence();
-    std::string folder = path.parent_path().string();
-    if (!folder.empty() && folder.back() != '/') folder += '/';
-    sequence.folder = folder;
+    sequence.folder = path.parent_path();
     sequence.file_name = path.filename().string();
+    sequence.record.clear();
     sequence.text.clear();
-    sequence.text = ReadTextFile(sequence.folder, sequence.file_name);
-    if (!sequence.text.empty()) session.host().ShowText("Input Sequence: " + sequence.file_name, sequence.text);
+    SequenceText read = ReadSequence(path, sequence.reading);
+    sequence.record = std::move(read.record);
+    sequence.text = std::move(read.text);
+    if (!sequence.text.empty()) session.host().ShowText("Input Sequence: " + sequence.Name(), sequence.text);
     return static_cast<int>(sequence.text.size());
 }
 

@@ -16,11 +16,11 @@ std::string RandomTestSequence(Session& session, int length) {
 }
 
 Outcome CreateTestSequence(Session& session) {
-    const std::string path = JoinPath(session.program_folder(), "test.txt");
+    const std::filesystem::path path = session.program_folder() / kTestSequenceFileName;
     std::ofstream file(path, std::ios::binary | std::ios::trunc);
     file << RandomTestSequence(session, kTestSequenceLength) << "\r\n";
     file.close();
-    if (!file) throw SequenceFileError("Cannot write the test sequence " + path);
+    if (!file) throw SequenceFileError("Cannot write the test sequence " + path.string());
     return Outcome::kCompleted;
 }
 

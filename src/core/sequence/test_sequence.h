@@ -7,6 +7,7 @@
 namespace tessarin {
 
 inline constexpr int kTestSequenceLength = 40000;
+inline constexpr const char* kTestSequenceFileName = "test.txt";  // in the program's folder
 
 // A random text of `length` symbols drawn uniformly from "ABCD" with the session's generator.
 std::string RandomTestSequence(Session& session, int length);

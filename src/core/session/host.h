@@ -1,17 +1,10 @@
 #pragma once
 
+#include <filesystem>
 #include <optional>
 #include <string>
 
 namespace tessarin {
-
-// A file picked in a file dialog. The folder always ends with the path separator.
-struct FileChoice {
-    std::string folder;
-    std::string name;
-};
-
-enum class FileDialogKind { kOpen, kSave };
 
 // The only way the analyses reach the user. The desktop program, the command line and the
 // tests each implement it, so every analysis runs the same way under all three.
@@ -38,7 +31,7 @@ class Host {
                                                 const std::string& default_answer) = 0;
 
     // A text window showing a file, or a text held in memory.
-    virtual void ShowFile(const std::string& path) = 0;
+    virtual void ShowFile(const std::filesystem::path& path) = 0;
     virtual void ShowText(const std::string& caption, const std::string& text) = 0;
 };
 

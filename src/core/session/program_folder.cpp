@@ -3,17 +3,11 @@
 #include <unistd.h>
 
 #include <cstdlib>
-#include <filesystem>
 
 namespace tessarin {
 namespace {
 
-std::string WithSeparator(std::string folder) {
-    if (folder.empty() || folder.back() != '/') folder += '/';
-    return folder;
-}
-
-std::string UserDataFolder() {
+std::filesystem::path UserDataFolder() {
     const char* xdg = std::getenv("XDG_DATA_HOME");
     const char* home = std::getenv("HOME");
     std::filesystem::path base = (xdg != nullptr && *xdg != '\0') ? std::filesystem::path(xdg)
@@ -22,20 +16,20 @@ std::string UserDataFolder() {
     const std::filesystem::path folder = base / "tessarin";
     std::error_code error;
     std::filesystem::create_directories(folder, error);
-    return WithSeparator(folder.string());
+    return folder;
 }
 
 }  // namespace
 
-std::string ExecutableFolder() {
+std::filesystem::path ExecutableFolder() {
     std::error_code error;
     const std::filesystem::path executable = std::filesystem::read_symlink("/proc/self/exe", error);
-    if (error) return WithSeparator(std::filesystem::current_path(error).string());
-    return WithSeparator(executable.parent_path().string());
+    if (error) return std::filesystem::current_path(error);
+    return executable.parent_path();
 }
 
-std::string DefaultProgramFolder() {
-    const std::string folder = ExecutableFolder();
+std::filesystem::path DefaultProgramFolder() {
+    const std::filesystem::path folder = ExecutableFolder();
     if (access(folder.c_str(), W_OK) == 0) return folder;
     return UserDataFolder();
 }

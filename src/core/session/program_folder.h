@@ -1,14 +1,14 @@
 #pragma once
 
-#include <string>
+#include <filesystem>
 
 namespace tessarin {
 
-// The folder of the running executable, ending with "/"; when it is not writable, a per-user
-// data folder ($XDG_DATA_HOME/tessarin or ~/.local/share/tessarin), created when missing.
-std::string DefaultProgramFolder();
+// The folder of the running executable; when it is not writable, a per-user data folder
+// ($XDG_DATA_HOME/tessarin or ~/.local/share/tessarin), created when missing.
+std::filesystem::path DefaultProgramFolder();
 
-// The folder of the running executable, ending with "/" (where the help file is shipped).
-std::string ExecutableFolder();
+// The folder of the running executable (where the help file is shipped).
+std::filesystem::path ExecutableFolder();
 
 }  // namespace tessarin

@@ -17,9 +17,12 @@ double RoundTo2Decimals(double value) {
 
 }  // namespace
 
-Session::Session(Host& host, std::string program_folder)
+Session::Session(Host& host, std::filesystem::path program_folder)
     : host_(host), program_folder_(std::move(program_folder)), clock_(SecondsSinceMidnight) {
-    if (!program_folder_.empty() && program_folder_.back() != '/') program_folder_ += '/';
+    // "/opt/tool/" and "/opt/tool" name one folder; keep the form without the separator.
+    if (!program_folder_.has_filename() && program_folder_.has_relative_path()) {
+        program_folder_ = program_folder_.parent_path();
+    }
 }
 
 bool Session::Busy(const std::string& text, float fraction) {

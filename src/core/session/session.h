@@ -1,6 +1,7 @@
 #pragma once
 
 #include <atomic>
+#include <filesystem>
 #include <functional>
 #include <string>
 
@@ -12,10 +13,10 @@
 
 namespace tessarin {
 
-// The log that WriteLogLine appends to: folder and name are joined with nothing between.
+// The log that WriteLogLine appends to (the program's folder when `folder` is empty).
 struct LogTarget {
     std::string name;
-    std::string folder;
+    std::filesystem::path folder;
 };
 
 // Method code and options word of the grammar options form, kept between runs.
@@ -29,11 +30,11 @@ struct GrammarSettings {
 // every command, so tests can make fresh ones.
 class Session {
   public:
-    Session(Host& host, std::string program_folder);
+    Session(Host& host, std::filesystem::path program_folder);
 
     Host& host() const { return host_; }
-    // The program's folder, ending with the path separator.
-    const std::string& program_folder() const { return program_folder_; }
+    // The program's folder (without a trailing separator).
+    const std::filesystem::path& program_folder() const { return program_folder_; }
 
     CurrentSequence& sequence() { return sequence_; }
     LogTarget& log() { return log_; }
@@ -64,7 +65,7 @@ class Session {
 
   private:
     Host& host_;
-    std::string program_folder_;
+    std::filesystem::path program_folder_;
     CurrentSequence sequence_;
     LogTarget log_;
     GrammarSettings grammar_settings_;

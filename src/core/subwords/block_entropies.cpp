@@ -13,14 +13,25 @@
 namespace tessarin {
 namespace {
 
+// H_n, H_n/n and h_(n-1) as the report gives them: each derived in double, stored in single precision.
+struct EntropyFigures {
+    float block;
+    float per_symbol;
+    float difference;
+};
+
+EntropyFigures FiguresAt(const EntropyTable& table, int n) {
+    return {table[n], static_cast<float>(static_cast<double>(table[n]) / n),
+            static_cast<float>(static_cast<double>(table[n]) - table[n - 1])};
+}
+
 std::string EntropyLine(const EntropyTable& table, int n) {
     const std::string length = std::to_string(n);
     const std::string previous = std::to_string(n - 1);
-    const auto per_symbol = static_cast<float>(static_cast<double>(table[n]) / n);
-    const auto difference = static_cast<float>(static_cast<double>(table[n]) - table[n - 1]);
-    return "Entropy H" + length + " =" + SingleText(table[n]) + "\t  H" + length + "/" + length + " =" +
-           SingleText(per_symbol) + "\t  H" + length + " - H" + previous + " = h" + previous + " =" +
-           SingleText(difference);
+    const EntropyFigures figures = FiguresAt(table, n);
+    return "Entropy H" + length + " =" + SingleText(figures.block) + "\t  H" + length + "/" + length + " =" +
+           SingleText(figures.per_symbol) + "\t  H" + length + " - H" + previous + " = h" + previous + " =" +
+           SingleText(figures.difference);
 }
 
 }  // namespace
@@ -57,6 +68,15 @@ void ReportBlockEntropies(Session& session, const EntropyTable& table) {
     writer.Close();
 }
 
+TsvTable BlockEntropyTable(const EntropyTable& table, const std::filesystem::path& file) {
+    TsvTable tsv({"n", "H_n", "H_n/n", "h_(n-1)"}, file);
+    for (int n = 1; n < static_cast<int>(table.size()); ++n) {
+        const EntropyFigures figures = FiguresAt(table, n);
+        tsv.Cell(n).Cell(figures.block).Cell(figures.per_symbol).Cell(figures.difference).EndRow();
+    }
+    return tsv;
+}
+
 Outcome RunBlockEntropies(Session& session, const SubwordParams& params) {
     return RunSubwordCommand(session, params.input, "Subword Entropies", [&] {
         if (!StartSubwordReport(session, "Compute Partial Entropies  - Press any key to cancel", ".log",
@@ -67,7 +87,9 @@ Outcome RunBlockEntropies(Session& session, const SubwordParams& params) {
         const CodedSequence coded = Encode(sequence.alphabet, sequence.text);
         const EntropyParams entropy{std::min(params.max_length, SequenceLength(coded) - 1),
                                     LogBase(sequence.AlphabetSize()), FileBaseName(sequence.file_name)};
-        ReportBlockEntropies(session, ComputeBlockEntropies(coded, entropy, session.Progress()));
+        const EntropyTable table = ComputeBlockEntropies(coded, entropy, session.Progress());
+        ReportBlockEntropies(session, table);
+        if (params.table.Wanted() && !session.Aborted()) BlockEntropyTable(table, params.table.file).Finish();
         return true;
     });
 }

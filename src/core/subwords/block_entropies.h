@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "logfile/tsv_table.h"
 #include "session/command.h"
 #include "session/progress.h"
 #include "subwords/subword_command.h"
@@ -30,7 +31,12 @@ EntropyTable ComputeBlockEntropies(std::span<const std::int32_t> sequence, const
 // in the log.
 void ReportBlockEntropies(Session& session, const EntropyTable& table);
 
-// "Subword Entropies": the block entropies of params.input, up to params.max_length, in "<base>.log".
+// The same figures as a table (in memory, or written to `file`): n, H_n, H_n/n and h_(n-1), one row
+// per block length.
+TsvTable BlockEntropyTable(const EntropyTable& table, const std::filesystem::path& file = {});
+
+// "Subword Entropies": the block entropies of params.input, up to params.max_length, in "<base>.log";
+// its table as params.table asks, unless the run was cancelled.
 Outcome RunBlockEntropies(Session& session, const SubwordParams& params);
 
 }  // namespace tessarin

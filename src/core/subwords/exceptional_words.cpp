@@ -68,6 +68,9 @@ Outcome RunExceptionalWords(Session& session, const SubwordParams& params) {
         ReportWriter writer(session);
         writer.Line("");
         writer.Line("Exceptional Subword List");
+        std::vector<std::string> columns{"length", "word", "count", "f", "p", "p/f"};
+        if (params.positions) columns.emplace_back("positions");
+        std::optional<TsvTable> table = StartTable(params.table, columns);
         std::vector<float> probabilities;
         ReportGroups(session, search, writer, [&](const SubwordGroup& group) {
             probabilities = WordProbabilities(group, probabilities, chain, coded);
@@ -81,19 +84,26 @@ Outcome RunExceptionalWords(Session& session, const SubwordParams& params) {
                 const ExceptionalWord& found = exceptional[k];
                 const Subword& word = group.words[found.index];
                 const auto chance = static_cast<float>(static_cast<double>(found.predicted) / found.observed);
+                const std::string_view text = WordToText(sequence, word, group.length);
                 std::string line = "{";
-                line.append(WordToText(sequence, word, group.length))
-                    .append("}\t f =")
-                    .append(SingleText(found.observed));
+                line.append(text).append("}\t f =").append(SingleText(found.observed));
                 line.append("\t p =")
                     .append(SingleText(found.predicted))
                     .append("\tChance p/f =")
                     .append(SingleText(chance));
                 writer.Line(line);
-                if (params.positions) writer.Line(PositionsLine(search.Occurrences(found.index)));
+                const std::vector<Occurrence> occurrences =
+                    params.positions ? search.Occurrences(found.index) : std::vector<Occurrence>();
+                if (params.positions) writer.Line(PositionsLine(occurrences));
+                if (!table) return;
+                table->Cell(group.length).Cell(text).Cell(word.count);
+                table->Cell(found.observed).Cell(found.predicted).Cell(chance);
+                if (params.positions) table->Cell(PositionsCell(occurrences));
+                table->EndRow();
             });
         });
         writer.Close();
+        FinishTable(session, table);
         return true;
     });
 }

@@ -48,7 +48,8 @@ std::vector<ExceptionalWord> ExceptionalWords(const SubwordGroup& group, std::sp
                                               int sequence_length);
 
 // "Exceptional Subwords" of params.input, lengths 3..params.max_length, with their positions when
-// asked, in "<base>_lst.log".
+// asked, in "<base>_lst.log";
+// its table as params.table asks.
 Outcome RunExceptionalWords(Session& session, const SubwordParams& params);
 
 }  // namespace tessarin

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <vector>
 
 #include "session/command.h"
@@ -8,19 +9,14 @@
 
 namespace tessarin {
 
-// A repeated word whose successor symbol is uncertain to `uncertainty` (units of the log base).
-struct WordUncertainty {
-    std::size_t index = 0;  // in its group
-    float uncertainty = 0;
-};
+// The entropy of the symbol after word `index` of the current group of `search` (over a sequence
+// of symbols 1..alphabet_size), divided by `log_base`; nothing unless the word is followed by a
+// symbol more often than the alphabet has letters. `successors` is scratch space.
+std::optional<float> LocalUncertainty(const SubwordSearch& search, std::size_t index, int alphabet_size,
+                                      double log_base, std::vector<Successor>& successors);
 
-// The words of the current group of `search` (over a sequence of symbols 1..alphabet_size) that
-// are followed by a symbol more often than the alphabet has letters, each with the entropy of its
-// successor symbol divided by `log_base`, in group order.
-std::vector<WordUncertainty> LocalUncertainties(const SubwordSearch& search, const SubwordGroup& group,
-                                                int alphabet_size, double log_base);
-
-// "Local Conditional Uncertainties" of params.input, words up to params.max_length, in "<base>_lst.log".
+// "Local Conditional Uncertainties" of params.input, words up to params.max_length, in "<base>_lst.log";
+// its table as params.table asks.
 Outcome RunLocalUncertainties(Session& session, const SubwordParams& params);
 
 }  // namespace tessarin

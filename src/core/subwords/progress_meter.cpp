@@ -10,7 +10,10 @@ ProgressMeter::ProgressMeter(const ProgressFn& progress, std::string text, doubl
 
 bool ProgressMeter::Report() {
     reported_ = done_;
-    const double fraction = total_units_ > 0 ? std::min(1.0, static_cast<double>(done_) / total_units_) : 0.0;
+    // A fraction of 1 ends the progress display, so an estimate of the total that falls short
+    // stops just below it.
+    const double fraction =
+        total_units_ > 0 ? std::min(kMostBeforeDone, static_cast<double>(done_) / total_units_) : 0.0;
     return progress_(text_, static_cast<float>(fraction));
 }
 

@@ -4,12 +4,19 @@
 
 namespace tessarin {
 
-RepeatTree::RepeatTree(const SuffixArray& suffixes) {
+std::optional<RepeatTree> RepeatTree::Build(const SuffixArray& suffixes, ProgressMeter& meter) {
+    RepeatTree tree;
+    if (!tree.Walk(suffixes, meter)) return std::nullopt;
+    return tree;
+}
+
+bool RepeatTree::Walk(const SuffixArray& suffixes, ProgressMeter& meter) {
     const std::span<const std::int32_t> order = suffixes.order;
     const auto n = static_cast<std::int32_t>(order.size());
     // Nodes are numbered as they close, children before parents; the root closes last.
     std::vector<OpenNode> open{{0, 0, 0}};
     for (std::int32_t place = 1; place <= n; ++place) {
+        if (meter.Advance(1)) return false;
         const std::int32_t common = place < n ? suffixes.common[place] : 0;
         std::int32_t first_place = place - 1;
         std::int32_t closed = -1;
@@ -31,6 +38,7 @@ RepeatTree::RepeatTree(const SuffixArray& suffixes) {
     root_ = Close(open.front(), n - 1, order);
     nodes_.push_back(Node{0, 0, 0, 0, static_cast<std::int32_t>(children_.size())});
     std::vector<std::int32_t>().swap(pending_);
+    return true;
 }
 
 std::int32_t RepeatTree::Close(const OpenNode& open, std::int32_t last_place, std::span<const std::int32_t> order) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -16,7 +17,8 @@ namespace tessarin {
 // order[first_place..last_place]. The root, of depth 0, holds every suffix.
 class RepeatTree {
   public:
-    explicit RepeatTree(const SuffixArray& suffixes);
+    // One unit on `meter` per suffix; nothing once the meter answers that the user cancelled.
+    static std::optional<RepeatTree> Build(const SuffixArray& suffixes, ProgressMeter& meter);
 
     std::int32_t Root() const { return root_; }
 
@@ -34,6 +36,8 @@ class RepeatTree {
     }
 
   private:
+    RepeatTree() = default;
+
     struct Node {
         std::int32_t depth = 0;
         std::int32_t first_place = 0;
@@ -49,6 +53,8 @@ class RepeatTree {
         std::size_t first_pending;
     };
 
+    // The bottom-up walk over the array; false when cancelled.
+    bool Walk(const SuffixArray& suffixes, ProgressMeter& meter);
     // Ends `open` at `last_place` and answers its number; its pending children become its own.
     std::int32_t Close(const OpenNode& open, std::int32_t last_place, std::span<const std::int32_t> order);
 

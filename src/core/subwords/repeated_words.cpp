@@ -7,7 +7,7 @@
 
 namespace tessarin {
 
-std::string DistanceLine(const Subword& word) {
+DistanceFigures Distances(const Subword& word) {
     float count = 0;
     float sum = 0;
     float sum_of_squares = 0;
@@ -18,10 +18,15 @@ std::string DistanceLine(const Subword& word) {
         sum_of_squares = static_cast<float>(sum_of_squares + distance * distance);
     }
     const auto mean = static_cast<float>(static_cast<double>(sum) / count);
-    if (count == 1) return "Distance =" + SingleText(mean);
     const auto spread =
         static_cast<float>(SafeSqrt(static_cast<double>(sum_of_squares) / count - static_cast<double>(mean) * mean));
-    return "Average Distance =" + SingleText(mean) + ", \tr.m.s. =" + SingleText(spread);
+    return {count, mean, spread};
+}
+
+std::string DistanceLine(const Subword& word) {
+    const DistanceFigures distances = Distances(word);
+    if (distances.count == 1) return "Distance =" + SingleText(distances.mean);
+    return "Average Distance =" + SingleText(distances.mean) + ", \tr.m.s. =" + SingleText(distances.spread);
 }
 
 Outcome RunRepeatedWords(Session& session, const SubwordParams& params) {
@@ -37,6 +42,9 @@ Outcome RunRepeatedWords(Session& session, const SubwordParams& params) {
         ReportWriter writer(session);
         writer.Line("");
         writer.Line("Subword Frequencies");
+        std::vector<std::string> columns{"length", "rank", "word", "count"};
+        if (params.positions) columns.insert(columns.end(), {"positions", "mean_distance", "rms_distance"});
+        std::optional<TsvTable> table = StartTable(params.table, columns);
         std::string line;
         ReportGroups(session, search, writer, [&](const SubwordGroup& group) {
             return WriteWithProgress(session, group.words.size(), [&](std::size_t i) {
@@ -45,15 +53,24 @@ Outcome RunRepeatedWords(Session& session, const SubwordParams& params) {
                     writer.Line(LengthHeading(group.length));
                 }
                 const Subword& word = group.words[i];
+                const std::string_view text = WordToText(sequence, word, group.length);
                 line = IntegerText(word.rank);
-                line.append(". f(").append(WordToText(sequence, word, group.length)).append(") =");
+                line.append(". f(").append(text).append(") =");
                 writer.Line(line.append(IntegerText(word.count)));
-                if (!params.positions) return;
-                writer.Line(PositionsLine(word));
-                writer.Line(DistanceLine(word));
+                if (table) table->Cell(group.length).Cell(word.rank).Cell(text).Cell(word.count);
+                if (params.positions) {
+                    writer.Line(PositionsLine(word));
+                    writer.Line(DistanceLine(word));
+                    if (table) {
+                        const DistanceFigures distances = Distances(word);
+                        table->Cell(PositionsCell(word.occurrences)).Cell(distances.mean).Cell(distances.spread);
+                    }
+                }
+                if (table) table->EndRow();
             });
         });
         writer.Close();
+        FinishTable(session, table);
         return true;
     });
 }

@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "logfile/tsv_table.h"
 #include "session/command.h"
 #include "subwords/subword_search.h"
 
@@ -18,6 +19,7 @@ struct SubwordParams {
     std::filesystem::path input;
     int max_length = kNoLengthLimit;
     bool positions = false;
+    TableOutput table;  // the report's figures as a table, besides the log
 };
 
 // Memory ran out during a subword command; the message names the command.

@@ -1,5 +1,7 @@
 #include "subwords/subword_report.h"
 
+#include <charconv>
+
 #include "logfile/log_file.h"
 #include "logfile/number_text.h"
 #include "sequence/sequence_file.h"
@@ -14,7 +16,7 @@ bool StartSubwordReport(Session& session, const std::string& start_line, const s
     Host& host = session.host();
     host.ClearMainWindow();
     host.PrintMainLine(start_line);
-    host.PrintMainLine("Sequence " + sequence.file_name);
+    host.PrintMainLine("Sequence " + sequence.Name());
     if (sequence.text.size() < 2) return false;
     StartReportLog(session, FileBaseName(sequence.file_name) + log_suffix, log_title);
     SetAlphabetAndReport(session);
@@ -54,6 +56,25 @@ std::string PositionsLine(std::span<const Occurrence> occurrences) {
     for (const Occurrence& occurrence : occurrences)
         line.append(IntegerText(occurrence.position)).push_back(',');
     return line;
+}
+
+std::string PositionsCell(std::span<const Occurrence> occurrences) {
+    std::string cell;
+    char buffer[16];
+    for (const Occurrence& occurrence : occurrences) {
+        if (!cell.empty()) cell.push_back(',');
+        cell.append(buffer, std::to_chars(buffer, buffer + sizeof buffer, occurrence.position).ptr);
+    }
+    return cell;
+}
+
+std::optional<TsvTable> StartTable(const TableOutput& output, const std::vector<std::string>& columns) {
+    if (!output.Wanted()) return std::nullopt;
+    return std::optional<TsvTable>(std::in_place, columns, output.file);
+}
+
+void FinishTable(const Session& session, std::optional<TsvTable>& table) {
+    if (table && !session.Aborted()) table->Finish();
 }
 
 }  // namespace tessarin

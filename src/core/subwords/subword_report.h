@@ -1,10 +1,12 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 
+#include "logfile/tsv_table.h"
 #include "session/session.h"
 #include "subwords/report_writer.h"
 #include "subwords/subword_group.h"
@@ -41,5 +43,13 @@ std::string PositionsLine(std::span<const Occurrence> occurrences);
 inline std::string PositionsLine(const Subword& word) {
     return PositionsLine(word.occurrences);
 }
+
+// The positions as one table cell: "1,5,9".
+std::string PositionsCell(std::span<const Occurrence> occurrences);
+
+// A report's table with `columns`, when `output` asks for one.
+std::optional<TsvTable> StartTable(const TableOutput& output, const std::vector<std::string>& columns);
+// Finishes the table unless the user cancelled the report: a table is whole or absent.
+void FinishTable(const Session& session, std::optional<TsvTable>& table);
 
 }  // namespace tessarin

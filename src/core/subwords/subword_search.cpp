@@ -13,20 +13,49 @@ SubwordSearch::SubwordSearch(const SequenceSet& sequences, FindWordsParams param
     for (const auto& sequence : sequences) {
         starts_.push_back(static_cast<std::int32_t>(text_.size()));
         text_.insert(text_.end(), sequence.begin() + (sequence.empty() ? 0 : 1), sequence.end());
-        text_.push_back(0);  // the separator, numbered below
+        text_.push_back(0);  // the separator, numbered when the index is built
     }
-    symbols_ = text_;
-    std::sort(symbols_.begin(), symbols_.end());
-    symbols_.erase(std::unique(symbols_.begin(), symbols_.end()), symbols_.end());
-    if (!symbols_.empty() && symbols_.front() == 0) symbols_.erase(symbols_.begin());
-    // Ranks keep the symbols' order, so that suffix order is symbol order.
-    const auto symbol_count = static_cast<std::int32_t>(symbols_.size());
-    std::int32_t separator = symbol_count;
+}
+
+bool SubwordSearch::RankSymbols(ProgressMeter& meter) {
+    std::int32_t largest = 0;
+    for (const std::int32_t symbol : text_)
+        largest = std::max(largest, symbol);
+    // Ranks keep the symbols' order, so that suffix order is symbol order. Codes no larger than
+    // about the text's length, as sequences and grammars have, are ranked through a table in
+    // linear time; scattered large codes by sorting.
+    std::vector<std::int32_t> rank;
+    if (static_cast<std::size_t>(largest) <= 2 * text_.size() + 256) {
+        rank.assign(static_cast<std::size_t>(largest) + 1, -1);
+        for (const std::int32_t symbol : text_) {
+            if (symbol != 0) rank[static_cast<std::size_t>(symbol)] = 0;
+            if (meter.Advance(1)) return false;
+        }
+        for (std::int32_t symbol = 1; symbol <= largest; ++symbol) {
+            if (rank[static_cast<std::size_t>(symbol)] == -1) continue;
+            rank[static_cast<std::size_t>(symbol)] = static_cast<std::int32_t>(symbols_.size());
+            symbols_.push_back(symbol);
+        }
+    } else {
+        symbols_ = text_;
+        std::sort(symbols_.begin(), symbols_.end());
+        symbols_.erase(std::unique(symbols_.begin(), symbols_.end()), symbols_.end());
+        if (!symbols_.empty() && symbols_.front() == 0) symbols_.erase(symbols_.begin());
+        if (meter.Advance(static_cast<std::int64_t>(text_.size()))) return false;
+    }
+    std::int32_t separator = static_cast<std::int32_t>(symbols_.size());
     for (std::int32_t& symbol : text_) {
-        symbol = symbol == 0 ? separator++
-                             : static_cast<std::int32_t>(std::lower_bound(symbols_.begin(), symbols_.end(), symbol) -
-                                                         symbols_.begin());
+        if (symbol == 0) {
+            symbol = separator++;
+        } else if (!rank.empty()) {
+            symbol = rank[static_cast<std::size_t>(symbol)];
+        } else {
+            symbol = static_cast<std::int32_t>(std::lower_bound(symbols_.begin(), symbols_.end(), symbol) -
+                                               symbols_.begin());
+        }
+        if (meter.Advance(1)) return false;
     }
+    return true;
 }
 
 std::string SubwordSearch::StepText(int length) const {
@@ -34,15 +63,16 @@ std::string SubwordSearch::StepText(int length) const {
 }
 
 bool SubwordSearch::BuildIndex() {
-    // One unit per symbol of each level of the suffix sorting; each level is at most half as long
-    // as the one before.
-    ProgressMeter meter(progress_, StepText(1), 2.0 * static_cast<double>(text_.size()));
-    if (meter.Start()) return false;
+    // The whole of length 1's step: ranking the symbols (two passes), sorting the suffixes with
+    // their common prefixes, and the walk that finds the repeats' branching points (one pass).
+    const auto length = static_cast<double>(text_.size());
+    ProgressMeter meter(progress_, StepText(1), 3.0 * length + SuffixArrayUnits(text_.size()));
+    if (meter.Start() || !RankSymbols(meter)) return false;
     const auto alphabet_size = static_cast<std::int32_t>(symbols_.size() + starts_.size());
-    std::optional<SuffixArray> suffixes =
-        BuildSuffixArray(text_, alphabet_size, [&](std::int32_t length) { return meter.Advance(length); });
+    std::optional<SuffixArray> suffixes = BuildSuffixArray(text_, alphabet_size, meter);
     if (!suffixes) return false;
-    tree_.emplace(*suffixes);
+    tree_ = RepeatTree::Build(*suffixes, meter);
+    if (!tree_) return false;
     order_ = std::move(suffixes->order);
     return true;
 }
@@ -112,7 +142,10 @@ const SubwordGroup* SubwordSearch::NextGroup() {
     } else {
         parents.swap(entries_);
     }
-    ProgressMeter meter(progress_, StepText(length), static_cast<double>(parents.size()));
+    // One unit per parent for its children and, about as many, one per word when the group is
+    // filled, plus one per occurrence listed: a group's occurrences are at most the text's length.
+    const double listed = params_.positions ? static_cast<double>(text_.size()) : 0.0;
+    ProgressMeter meter(progress_, StepText(length), 2.0 * static_cast<double>(parents.size()) + listed);
     if (length > 1 && meter.Start()) {
         finished_ = cancelled_ = true;
         return nullptr;
@@ -165,6 +198,10 @@ const SubwordGroup* SubwordSearch::NextGroup() {
         word.parent = length == 1 ? -1 : entries[i].parent;
         word.occurrences.clear();
         if (params_.positions) ListOccurrences(entries[i].node, word.occurrences);
+        if (meter.Advance(1 + static_cast<std::int64_t>(word.occurrences.size()))) {
+            finished_ = cancelled_ = true;
+            return nullptr;
+        }
     }
     entries_.swap(entries);
     progress_("", 1);

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "session/progress.h"
+#include "subwords/progress_meter.h"
 #include "subwords/repeat_tree.h"
 #include "subwords/subword_group.h"
 
@@ -71,6 +72,9 @@ class SubwordSearch {
     // Stable by falling count: by counting where the counts are small beside the group's size,
     // as they are from the middle lengths on, else by merging.
     static void SortByFallingCount(std::vector<Entry>& entries);
+    // Numbers the symbols by rank and the separators above them; false when cancelled.
+    bool RankSymbols(ProgressMeter& meter);
+    // False when cancelled.
     bool BuildIndex();
     // The occurrence that starts at `start` in the joined text.
     Occurrence OccurrenceAt(std::int32_t start) const;

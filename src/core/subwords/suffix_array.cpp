@@ -5,11 +5,17 @@
 namespace tessarin {
 namespace {
 
+// Units per symbol of a level: seven passes over the text and three over its valleys, which are
+// about a third of it.
+constexpr double kUnitsPerLevelSymbol = 8.0;
+// Each level is at most half as long as the one before, on ordinary texts under a third.
+constexpr double kLevelsPerText = 1.5;
+constexpr double kCommonPrefixUnitsPerSymbol = 2.0;
+
 // The suffix array of `text` (values 0..alphabet_size - 1), or nothing when cancelled.
 std::optional<std::vector<std::int32_t>> InducedSort(std::span<const std::int32_t> text, std::int32_t alphabet_size,
-                                                     const std::function<bool(std::int32_t length)>& next_level) {
+                                                     ProgressMeter& meter) {
     const auto n = static_cast<std::int32_t>(text.size());
-    if (next_level(n)) return std::nullopt;
     if (n <= 2) {
         std::vector<std::int32_t> order(text.size());
         for (std::int32_t i = 0; i < n; ++i)
@@ -20,13 +26,17 @@ std::optional<std::vector<std::int32_t>> InducedSort(std::span<const std::int32_
     // S-type: smaller than the suffix after it. The last suffix is L-type: the empty suffix that
     // follows it is smaller.
     std::vector<bool> smaller(text.size(), false);
-    for (std::int32_t i = n - 2; i >= 0; --i)
+    for (std::int32_t i = n - 2; i >= 0; --i) {
         smaller[i] = text[i] == text[i + 1] ? smaller[i + 1] : text[i] < text[i + 1];
+        if (meter.Advance(1)) return std::nullopt;
+    }
     // Each symbol's bucket holds its L-type suffixes first, then its S-type ones.
     std::vector<std::int32_t> l_start(static_cast<std::size_t>(alphabet_size) + 1, 0);
     std::vector<std::int32_t> s_start(static_cast<std::size_t>(alphabet_size) + 1, 0);
-    for (std::int32_t i = 0; i < n; ++i)
+    for (std::int32_t i = 0; i < n; ++i) {
         ++(smaller[i] ? l_start[text[i] + 1] : s_start[text[i]]);
+        if (meter.Advance(1)) return std::nullopt;
+    }
     for (std::int32_t c = 0; c <= alphabet_size; ++c) {
         s_start[c] += l_start[c];
         if (c < alphabet_size) l_start[c + 1] += s_start[c];
@@ -37,33 +47,39 @@ std::optional<std::vector<std::int32_t>> InducedSort(std::span<const std::int32_
     std::vector<std::int32_t> next(static_cast<std::size_t>(alphabet_size) + 1);
     // Places the valley suffixes in the given order at the ends of their buckets, then the L-type
     // suffixes from left to right and the S-type ones from right to left, each behind the suffix
-    // one place to its right.
+    // one place to its right. Answers false when cancelled.
     auto induce = [&](std::span<const std::int32_t> valleys) {
         std::fill(order.begin(), order.end(), -1);
         std::copy(s_start.begin(), s_start.end(), next.begin());
-        for (const std::int32_t valley : valleys)
+        for (const std::int32_t valley : valleys) {
             order[next[text[valley]]++] = valley;
+            if (meter.Advance(1)) return false;
+        }
         std::copy(l_start.begin(), l_start.end(), next.begin());
         order[next[text[n - 1]]++] = n - 1;
         for (std::int32_t i = 0; i < n; ++i) {
             const std::int32_t v = order[i];
             if (v >= 1 && !smaller[v - 1]) order[next[text[v - 1]]++] = v - 1;
+            if (meter.Advance(1)) return false;
         }
         std::copy(l_start.begin(), l_start.end(), next.begin());
         for (std::int32_t i = n - 1; i >= 0; --i) {
             const std::int32_t v = order[i];
             if (v >= 1 && smaller[v - 1]) order[--next[text[v - 1] + 1]] = v - 1;
+            if (meter.Advance(1)) return false;
         }
+        return true;
     };
 
     std::vector<std::int32_t> valleys;
     std::vector<std::int32_t> valley_number(text.size(), -1);
     for (std::int32_t i = 1; i < n; ++i) {
+        if (meter.Advance(1)) return std::nullopt;
         if (!is_valley(i)) continue;
         valley_number[i] = static_cast<std::int32_t>(valleys.size());
         valleys.push_back(i);
     }
-    induce(valleys);
+    if (!induce(valleys)) return std::nullopt;
     if (valleys.empty()) return order;
 
     // Name the valley substrings (from one valley to the next) in their induced order; equal
@@ -73,6 +89,7 @@ std::optional<std::vector<std::int32_t>> InducedSort(std::span<const std::int32_
     sorted.reserve(valleys.size());
     for (const std::int32_t v : order) {
         if (v >= 0 && valley_number[v] != -1) sorted.push_back(v);
+        if (meter.Advance(1)) return std::nullopt;
     }
     auto substring_end = [&](std::int32_t valley) {
         const std::int32_t k = valley_number[valley] + 1;
@@ -92,27 +109,33 @@ std::optional<std::vector<std::int32_t>> InducedSort(std::span<const std::int32_
         same = same && a < n && b < n && text[a] == text[b];
         if (!same) ++name;
         names[valley_number[sorted[i]]] = name;
+        if (meter.Advance(1)) return std::nullopt;
     }
     std::vector<std::int32_t>().swap(valley_number);
-    const std::optional<std::vector<std::int32_t>> named = InducedSort(names, name + 1, next_level);
+    const std::optional<std::vector<std::int32_t>> named = InducedSort(names, name + 1, meter);
     if (!named) return std::nullopt;
     for (std::int32_t i = 0; i < m; ++i)
         sorted[i] = valleys[(*named)[i]];
-    induce(sorted);
+    if (!induce(sorted)) return std::nullopt;
     return order;
 }
 
 // The common prefix of each suffix with the one before it in `order`. A suffix shares at least
 // one symbol less with its predecessor than the suffix one place to its left did, so walking the
 // text from left to right compares each symbol a bounded number of times.
-std::vector<std::int32_t> CommonPrefixes(std::span<const std::int32_t> text, std::span<const std::int32_t> order) {
+// Nothing when cancelled.
+std::optional<std::vector<std::int32_t>> CommonPrefixes(std::span<const std::int32_t> text,
+                                                        std::span<const std::int32_t> order, ProgressMeter& meter) {
     const auto n = static_cast<std::int32_t>(text.size());
     std::vector<std::int32_t> place(text.size());
-    for (std::int32_t i = 0; i < n; ++i)
+    for (std::int32_t i = 0; i < n; ++i) {
         place[order[i]] = i;
+        if (meter.Advance(1)) return std::nullopt;
+    }
     std::vector<std::int32_t> common(text.size(), 0);
     std::int32_t shared = 0;
     for (std::int32_t start = 0; start < n; ++start) {
+        if (meter.Advance(1)) return std::nullopt;
         if (place[start] == 0) {
             shared = 0;
             continue;
@@ -129,13 +152,16 @@ std::vector<std::int32_t> CommonPrefixes(std::span<const std::int32_t> text, std
 }  // namespace
 
 std::optional<SuffixArray> BuildSuffixArray(std::span<const std::int32_t> text, std::int32_t alphabet_size,
-                                            const std::function<bool(std::int32_t length)>& next_level) {
-    std::optional<std::vector<std::int32_t>> order = InducedSort(text, alphabet_size, next_level);
+                                            ProgressMeter& meter) {
+    std::optional<std::vector<std::int32_t>> order = InducedSort(text, alphabet_size, meter);
     if (!order) return std::nullopt;
-    SuffixArray result;
-    result.common = CommonPrefixes(text, *order);
-    result.order = std::move(*order);
-    return result;
+    std::optional<std::vector<std::int32_t>> common = CommonPrefixes(text, *order, meter);
+    if (!common) return std::nullopt;
+    return SuffixArray{std::move(*order), std::move(*common)};
+}
+
+double SuffixArrayUnits(std::size_t length) {
+    return (kUnitsPerLevelSymbol * kLevelsPerText + kCommonPrefixUnitsPerSymbol) * static_cast<double>(length);
 }
 
 }  // namespace tessarin

@@ -1,10 +1,11 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <span>
 #include <vector>
+
+#include "subwords/progress_meter.h"
 
 namespace tessarin {
 
@@ -19,10 +20,14 @@ struct SuffixArray {
 // (SA-IS, Nong, Zhang and Chan 2009): the suffixes that start a valley (LMS suffixes) are sorted
 // first, through a text of their names one third or less as long when names repeat, and every
 // other suffix is placed from them in two passes, so time and memory grow linearly with the
-// length. The common prefixes follow in one more pass (Kasai et al. 2001). `next_level` is called
-// with the length of each level of the recursion before it is sorted, and answers true to cancel;
-// nothing is returned then.
+// length. The common prefixes follow in one more pass (Kasai et al. 2001). Every pass counts one
+// unit on `meter` per symbol it visits, so that a long text reports progress and can be cancelled
+// part-way through any pass; nothing is returned once the meter answers that the user cancelled.
 std::optional<SuffixArray> BuildSuffixArray(std::span<const std::int32_t> text, std::int32_t alphabet_size,
-                                            const std::function<bool(std::int32_t length)>& next_level);
+                                            ProgressMeter& meter);
+
+// About how many units BuildSuffixArray counts for a text of `length` symbols: some ten passes
+// over each level of the recursion, whose levels shrink to below a third on ordinary texts.
+double SuffixArrayUnits(std::size_t length);
 
 }  // namespace tessarin

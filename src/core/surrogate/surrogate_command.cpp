@@ -21,7 +21,7 @@ void PrintSurrogateStart(Session& session, const std::string& title, const Surro
     Host& host = session.host();
     host.ClearMainWindow();
     host.PrintMainLine(title);
-    host.PrintMainLine("Sequence " + sequence.folder + sequence.file_name);
+    host.PrintMainLine("Sequence " + sequence.PathName());
     host.PrintMainLine("Surrogates:" + IntegerText(params.count));
     host.PrintMainLine(PreservationLine(params.preserve));
     host.PrintMainLine("");
@@ -68,7 +68,7 @@ void StartSurrogateLog(Session& session, const SurrogateParams& params, const st
     session.log() = LogTarget{FileBaseName(sequence.file_name) + log_suffix, sequence.folder};
     OpenLogFile(session, 0);
     WriteLogLine(session, kVersionLine);
-    WriteLogLine(session, title + sequence.folder + sequence.file_name);
+    WriteLogLine(session, title + sequence.PathName());
     WriteLogLine(session, "Surrogates:" + IntegerText(params.count));
     WriteLogLine(session, PreservationLine(params.preserve));
     if (dated) WriteLogLine(session, "Analysis Done on " + DateTimeText());

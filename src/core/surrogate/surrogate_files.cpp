@@ -39,7 +39,7 @@ Outcome RunMakeSurrogateFiles(Session& session, const SurrogateParams& params) {
     const std::string base = FileBaseName(sequence.file_name);
     for (int i = 1; i <= params.count && !session.Busy(kStatus, static_cast<float>(i - 1) / params.count); ++i) {
         const SurrogateDraw draw = DrawSurrogate(session, *shuffler);
-        WriteSequenceFile(JoinPath(sequence.folder, base + "_" + std::to_string(i) + ".txt"),
+        WriteSequenceFile(sequence.folder / (base + "_" + std::to_string(i) + ".txt"),
                           SurrogateText(draw.sequence, sequence.alphabet), SequenceLayout::kLinesOf64);
     }
     session.Busy(kStatus, 1);

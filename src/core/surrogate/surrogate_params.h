@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "grammar/method.h"
+#include "logfile/tsv_table.h"
 #include "surrogate/surrogate_options.h"
 
 namespace tessarin {
@@ -17,6 +18,7 @@ struct SurrogateParams {
     bool exceptional = false;          // ensemble run: compare the frequencies of repeated words
     int max_length = 0;                // longest word of the entropies and the word list
     Method method = Method::kNvogram;  // grammar method of the complexities
+    TableOutput table;                 // ensemble run: each surrogate's figures as a table, besides the log
 };
 
 }  // namespace tessarin

@@ -1,6 +1,7 @@
 #include "surrogate/surrogate_statistics.h"
 
 #include <cmath>
+#include <optional>
 #include <string>
 #include <thread>
 #include <vector>
@@ -147,7 +148,16 @@ struct EnsembleRun {
     const MeasureParams& measure;
     SurrogateShuffler& shuffler;
     EnsembleSums& sums;
+    TsvTable* table;  // one row per surrogate measured, when a table is wanted
 };
+
+// The table's columns: the surrogate's number, its complexity and, with entropies, H1..H<max>.
+std::vector<std::string> SurrogateColumns(const SurrogateParams& params) {
+    std::vector<std::string> columns{"surrogate", "C"};
+    for (int l = 1; params.entropy && l <= params.max_length; ++l)
+        columns.push_back(CounterLabel('H', l));
+    return columns;
+}
 
 // Draws and measures the surrogates: a batch of them is drawn one after another (the draws stay
 // in order whatever the thread count) and then measured in parallel; their lines and sums follow
@@ -188,6 +198,11 @@ void RunSurrogates(const EnsembleRun& run, int count) {
             run.sums.AddComplexity(*measures[t].complexity);
             PrintLine(session, IntegerText(first + static_cast<int>(t)) +
                                    ". Surrogate\t C  =" + SingleText(*measures[t].complexity));
+            if (run.table == nullptr) continue;
+            run.table->Cell(first + static_cast<int>(t)).Cell(*measures[t].complexity);
+            for (std::size_t l = 1; run.params.entropy && l < measures[t].entropies.size(); ++l)
+                run.table->Cell(measures[t].entropies[l]);
+            run.table->EndRow();
         }
     }
 }
@@ -226,17 +241,20 @@ Outcome RunSurrogateStatistics(Session& session, const SurrogateParams& params) 
     const float original = SequenceComplexity(coded, measure, name, progress).value_or(0.0F);
     // A run cancelled before its surrogates reports the original alone.
     const int count = session.Aborted() ? 0 : params.count;
-    PrintLine(session, sequence.file_name);
+    PrintLine(session, sequence.Name());
     PrintLine(session, "    Complexity\t Cm =" + SingleText(original));
     PrintLine(session, "");
 
     EnsembleSums sums(params.entropy ? params.max_length : 0, words.symbols.size());
-    RunSurrogates(EnsembleRun{session, params, measure, *shuffler, sums}, count);
+    std::optional<TsvTable> table;
+    if (params.table.Wanted()) table.emplace(SurrogateColumns(params), params.table.file);
+    RunSurrogates(EnsembleRun{session, params, measure, *shuffler, sums, table ? &*table : nullptr}, count);
     if (sums.complexities() > 0) PrintComplexityStatistics(session, original, sums);
     if (params.entropy && sums.entropy_profiles() > 0) PrintEntropyStatistics(session, entropies, sums);
     if (params.exceptional && count > 0) PrintExceptionalWords(session, words, sums, count);
 
     const bool cancelled = session.Aborted();
+    if (table && !cancelled) table->Finish();
     session.FinalNote(start_time);
     return cancelled ? Outcome::kCancelled : Outcome::kCompleted;
 }

@@ -69,14 +69,14 @@ TEST(NewickText, ReadsBackWithQuotedNamesAndLengthsAddingUpToTheJoinHeights) {
         EXPECT_NEAR(reader.depths[name], static_cast<double>(0.35F) / 2, 1e-6) << name;
 }
 
-// Catches rows or columns swapped, a missing count line, names not padded, or decimals not fixed.
+// Catches rows or columns swapped, a missing count line, names not padded, PHYLIP decimals not
+// fixed, or the TSV table rounded where the other tables keep every digit.
 TEST(MatrixExports, PhylipAndTsvHoldTheWholeSquareMatrix) {
     DistanceMatrix matrix(2);
     matrix(1, 2) = matrix(2, 1) = -0.1F;
     EXPECT_EQ(PhylipText(matrix, std::vector<std::string>{"a", "long_name_x"}),
               "2\na           0.000000 -0.100000\nlong_name_x -0.100000 0.000000\n");
-    EXPECT_EQ(TsvText(matrix, std::vector<std::string>{"a", "b"}),
-              "\ta\tb\na\t0.000000\t-0.100000\nb\t-0.100000\t0.000000\n");
+    EXPECT_EQ(TsvText(matrix, std::vector<std::string>{"a", "b"}), "\ta\tb\na\t0\t-0.1\nb\t-0.1\t0\n");
 }
 
 }  // namespace

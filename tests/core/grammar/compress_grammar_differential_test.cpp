@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 #include <string>
+#include <vector>
 
 #include "core/grammar/reference_compress_grammar.h"
 #include "grammar/compress_grammar.h"
@@ -28,6 +29,34 @@ std::string RandomSequence(RandomGenerator& random) {
     for (int i = 0; i < length; ++i)
         text += static_cast<char>('A' + random.Index(letters) - 1);
     return text;
+}
+
+std::string RandomLetters(RandomGenerator& random, int length, int letters) {
+    std::string text;
+    for (int i = 0; i < length; ++i)
+        text += static_cast<char>('A' + random.Index(letters) - 1);
+    return text;
+}
+
+// Inputs whose longest repeats are far longer than a random sequence's: copies of hundreds of
+// symbols planted in random text (exact, or with one symbol changed), long runs
+// of one symbol and a long period-two stretch, alone and inside random text.
+std::vector<std::string> LongRepeatSequences() {
+    RandomGenerator random(777);
+    std::vector<std::string> texts;
+    const std::string base = RandomLetters(random, 800, 4);
+    texts.push_back(base + base.substr(100, 450));
+    std::string changed = base.substr(0, 300);
+    changed[150] = changed[150] == 'A' ? 'C' : 'A';
+    texts.push_back(base.substr(0, 300) + RandomLetters(random, 200, 4) + changed + base.substr(0, 300));
+    texts.push_back(std::string(700, 'A'));
+    texts.push_back(RandomLetters(random, 300, 3) + std::string(450, 'C') + RandomLetters(random, 200, 3) +
+                    std::string(200, 'C'));
+    std::string period_two;
+    for (int i = 0; i < 300; ++i)
+        period_two += "GT";
+    texts.push_back(RandomLetters(random, 200, 4) + period_two + "A" + period_two.substr(0, 401));
+    return texts;
 }
 
 std::string GrammarText(const std::vector<Rule>& rules) {
@@ -63,6 +92,20 @@ TEST_P(CompressGrammarDifferentialTest, BuildsTheSameGrammarAsTheReference) {
         ASSERT_EQ(result.complexity, size) << "sequence " << text;
         ASSERT_EQ(result.pass_sizes.size() + 1, expected.size()) << "sequence " << text;
         ASSERT_TRUE(VerifyGrammar(result.rules, coded, alphabet.Size())) << "sequence " << text;
+    }
+}
+
+// Catches departures that only long repeats bring out: deep words, long runs whose occurrences
+// overlap and are dropped, rules nested many times over.
+TEST_P(CompressGrammarDifferentialTest, BuildsTheSameGrammarOnLongRepeats) {
+    const Method method = GetParam();
+    for (const std::string& text : LongRepeatSequences()) {
+        const Alphabet alphabet = BuildAlphabet(text);
+        const CodedSequence coded = Encode(alphabet, text);
+        const std::vector<Rule> expected = testing::ReferenceCompressGrammar(coded, alphabet.Size(), method);
+        const GrammarResult result = CompressGrammar(coded, alphabet.Size(), method, CompressOptions{}, NoProgress);
+        ASSERT_EQ(GrammarText(result.rules), GrammarText(expected)) << "sequence of length " << text.size();
+        ASSERT_TRUE(VerifyGrammar(result.rules, coded, alphabet.Size()));
     }
 }
 

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "grammar/rule_text.h"
@@ -109,6 +110,63 @@ TEST(CompressGrammarTest, ProgressNamesTheLabelAndTheWorkingLength) {
     ASSERT_GE(captions.size(), 2U);
     EXPECT_EQ(captions.front(), "dna: Find Words len = 2");
     EXPECT_EQ(captions.back(), "");  // the end of the progress display
+}
+
+// A random text with a copy of its start planted at its end, long enough that building its trie
+// and replacing the first rules take several polls.
+std::string LongSequence(int length) {
+    std::string text;
+    std::uint32_t state = 12345;
+    for (int i = 0; i < length; ++i) {
+        state = state * 1103515245U + 12345U;
+        text += "ACGT"[(state >> 16) % 4];
+    }
+    return text + text.substr(0, 300);
+}
+
+// Catches a build of the first trie that never reports, fractions that go back under one caption
+// or leave 0..1 (0 would restart the display, 1 end it), and captions without the working length.
+TEST(CompressGrammarTest, ProgressMovesForwardThroughBuildAndPasses) {
+    for (const auto& [method, length] :
+         {std::pair{Method::kNvogram, 150000}, std::pair{Method::kLongestFirst, 60000}}) {
+        std::vector<std::pair<std::string, float>> reports;
+        std::size_t before_first_pass = 0;
+        CompressOptions options;
+        options.progress_label = "x";
+        options.on_pass = [&](std::int64_t) {
+            if (before_first_pass == 0) before_first_pass = reports.size();
+        };
+        Compress(LongSequence(length), method, options, [&](const std::string& caption, float fraction) {
+            reports.emplace_back(caption, fraction);
+            return false;
+        });
+        ASSERT_GE(before_first_pass, 3U);  // the opening report, the build's, the first search's
+        ASSERT_EQ(reports.back(), (std::pair<std::string, float>{"", 1}));
+        for (std::size_t i = 1; i + 1 < reports.size(); ++i) {
+            EXPECT_EQ(reports[i].first.rfind("x: Find Words", 0), 0U) << i;
+            EXPECT_GT(reports[i].second, 0) << i;
+            EXPECT_LT(reports[i].second, 1) << i;
+            if (reports[i].first == reports[i - 1].first) {
+                EXPECT_GE(reports[i].second, reports[i - 1].second) << i;
+            }
+        }
+        EXPECT_GT(reports[before_first_pass - 2].second, reports[1].second);  // the scan moved on
+    }
+}
+
+// Catches a cancel during the build of the first trie or during a pass's replacements that is
+// only seen at the end of the work, or that hands out a grammar.
+TEST(CompressGrammarTest, CancelInsideTheBuildStopsAtOnce) {
+    for (const Method method : {Method::kNvogram, Method::kMaximumGain}) {
+        int calls = 0;
+        const GrammarResult result = Compress(LongSequence(150000), method, {}, [&](const std::string&, float) {
+            ++calls;
+            return calls == 3;
+        });
+        EXPECT_TRUE(result.cancelled);
+        EXPECT_TRUE(result.rules.empty());
+        EXPECT_EQ(calls, 3);
+    }
 }
 
 }  // namespace

@@ -16,7 +16,7 @@ class GrammarCommandTest : public ::testing::Test {
 
     Outcome Run(const std::string& name, const std::string& text, bool abort = false) {
         folder_.Write(name, text);
-        const GrammarParams params{Method::kNvogram, false, folder_.Path(name)};
+        const GrammarParams params{Method::kNvogram, false, folder_.Path(name), {}};
         return RunCommand(session_, [&](Session& s) {
             if (abort) s.RequestAbort();
             return RunGrammarComplexity(s, params);

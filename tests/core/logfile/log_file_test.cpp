@@ -66,16 +66,5 @@ TEST_F(LogFileTest, UnwritableLogIsAnError) {
     EXPECT_THROW(WriteLogLine(session_, "line"), LogFileError);
 }
 
-TEST(FileExistsTest, TrimsBlanksAndRefusesEmptyNames) {
-    TempFolder folder;
-    folder.Write("a.txt", "");
-    EXPECT_TRUE(FileExists(folder.Folder(), " a.txt "));
-    EXPECT_TRUE(FileExists(folder.Path(""), "a.txt"));
-    EXPECT_FALSE(FileExists(folder.Folder(), "  "));
-    EXPECT_FALSE(FileExists(folder.Folder(), "b.txt"));
-    DeleteFile(folder.Folder(), "a.txt");
-    EXPECT_FALSE(FileExists(folder.Folder(), "a.txt"));
-}
-
 }  // namespace
 }  // namespace tessarin

@@ -17,18 +17,16 @@ TEST(ReadTextFileTest, JoinsLinesAtEveryKindOfLineEndAndKeepsAllOtherBytes) {
     folder.Write("lf.txt", "AC\n\nGT\n");
     folder.Write("cr.txt", "AC\rGT\r");
     folder.Write("mixed.txt", "a b\t \r\nX,1\n\xE9");
-    EXPECT_EQ(ReadTextFile(folder.Folder(), "crlf.txt"), "ACGTTTGA");
-    EXPECT_EQ(ReadTextFile(folder.Folder(), "lf.txt"), "ACGT");  // an empty line adds nothing
-    EXPECT_EQ(ReadTextFile(folder.Folder(), "cr.txt"), "ACGT");
-    EXPECT_EQ(ReadTextFile(folder.Folder(), "mixed.txt"), "a b\t X,1\xE9");  // blanks at line ends are symbols
-    // A folder without its trailing separator still finds the file.
-    EXPECT_EQ(ReadTextFile(folder.Path(""), "cr.txt"), "ACGT");
+    EXPECT_EQ(ReadTextFile(folder.Path("crlf.txt")), "ACGTTTGA");
+    EXPECT_EQ(ReadTextFile(folder.Path("lf.txt")), "ACGT");  // an empty line adds nothing
+    EXPECT_EQ(ReadTextFile(folder.Path("cr.txt")), "ACGT");
+    EXPECT_EQ(ReadTextFile(folder.Path("mixed.txt")), "a b\t X,1\xE9");  // blanks at line ends are symbols
 }
 
 TEST(ReadTextFileTest, MissingFileGivesAnErrorNamingIt) {
     TempFolder folder;
     try {
-        ReadTextFile(folder.Folder(), "absent.txt");
+        ReadTextFile(folder.Path("absent.txt"));
         FAIL() << "no error";
     } catch (const SequenceFileError& error) {
         EXPECT_NE(std::string(error.what()).find("absent.txt"), std::string::npos);
@@ -50,7 +48,7 @@ TEST(LoadInputSequenceTest, LoadsTheFileAndRefusesAFolderByName) {
     Session session(host, folder.Folder());
     EXPECT_EQ(LoadInputSequence(session, folder.Path("dna.txt")), 7);
     EXPECT_EQ(session.sequence().text, "GATTACA");
-    EXPECT_EQ(session.sequence().folder + session.sequence().file_name, folder.Path("dna.txt"));
+    EXPECT_EQ(session.sequence().Path(), folder.Path("dna.txt"));
     EXPECT_EQ(host.shown, std::vector<std::string>{"Input Sequence: dna.txt"});
     try {
         LoadInputSequence(session, folder.Folder());

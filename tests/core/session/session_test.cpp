@@ -21,8 +21,8 @@ class SessionTest : public ::testing::Test {
     }
 };
 
-TEST_F(SessionTest, ProgramFolderEndsWithSeparator) {
-    EXPECT_EQ(session_.program_folder(), "/tmp/");
+TEST_F(SessionTest, ProgramFolderDropsItsTrailingSeparator) {
+    EXPECT_EQ(session_.program_folder(), std::filesystem::path("/tmp"));
 }
 
 TEST_F(SessionTest, BusyUpdatesTheCaptionAtMostEveryTenthOfASecond) {

@@ -2,10 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <map>
 #include <random>
 #include <sstream>
 
+#include "session/random_generator.h"
+#include "subwords/subword_search.h"
 #include "support/reference_find_words.h"
 
 namespace tessarin {
@@ -183,6 +186,51 @@ TEST_P(FindWordsCancelTest, KeepsTheLengthsCompletedBeforeTheCancel) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Lengths, FindWordsCancelTest, ::testing::Values(1, 2, 7));
+
+// A long text, so that every phase of building the index reports part-way.
+Coded LongRandomText(int length) {
+    RandomGenerator random(20261123);
+    Coded coded{0};
+    for (int p = 1; p <= length; ++p)
+        coded.push_back(random.Index(4));
+    return coded;
+}
+
+// Catches an index built in silence (no cancel possible for seconds on a long sequence), a
+// fraction that runs backwards within a step, or one that reaches 1 (which ends the progress
+// display) before the step's own end.
+TEST(FindWordsProgressTest, IndexOfALongTextReportsRisingFractionsBelowOne) {
+    const std::vector<Coded> sequences{LongRandomText(300000)};
+    std::vector<float> fractions;
+    bool closed = false;
+    SubwordSearch search(SetOf(sequences), FindWordsParams{2, false, "seq"}, [&](const std::string& text, float f) {
+        if (text == "seq: Find Words len = 1") fractions.push_back(f);
+        if (text.empty() && !closed) closed = true;
+        return false;
+    });
+    ASSERT_NE(search.NextGroup(), nullptr);
+    ASSERT_TRUE(closed);
+    // One report per 4096 units of some sixteen passes over the text.
+    EXPECT_GT(fractions.size(), 1000U);
+    EXPECT_TRUE(std::is_sorted(fractions.begin(), fractions.end()));
+    EXPECT_LT(fractions.back(), 1.0F);
+    EXPECT_GT(fractions.back(), 0.5F) << "the estimate of the work is far too high";
+}
+
+// Catches a cancel that is only heard between the phases of the index, or a search that hands
+// on a group built from a half-sorted text.
+TEST(FindWordsIndexCancelTest, CancelPartWayThroughTheIndexStopsAtOnce) {
+    const std::vector<Coded> sequences{LongRandomText(300000)};
+    for (const int cancel_at : {2, 300, 900}) {
+        int reports = 0;
+        SubwordSearch search(SetOf(sequences), FindWordsParams{kNoLengthLimit, false, "seq"},
+                             [&](const std::string&, float) { return ++reports >= cancel_at; });
+        EXPECT_EQ(search.NextGroup(), nullptr) << "cancelled at report " << cancel_at;
+        EXPECT_TRUE(search.Cancelled());
+        EXPECT_EQ(reports, cancel_at) << "progress reported after the cancel";
+        EXPECT_EQ(search.NextGroup(), nullptr);
+    }
+}
 
 }  // namespace
 }  // namespace tessarin

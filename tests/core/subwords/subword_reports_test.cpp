@@ -121,7 +121,7 @@ class SubwordCommandTest : public ::testing::TestWithParam<CommandCase> {
     }
     SubwordParams Sequence(const std::string& text) {
         folder_.Write("seq.txt", text);
-        return SubwordParams{folder_.Path("seq.txt"), kNoLengthLimit, true};
+        return SubwordParams{folder_.Path("seq.txt"), kNoLengthLimit, true, {}};
     }
 
     testing::TempFolder folder_;

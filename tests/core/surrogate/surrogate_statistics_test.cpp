@@ -66,7 +66,7 @@ TEST_F(SurrogateStatisticsTest, TheFileRunWritesTheSurrogatesTheEnsembleMeasures
     ASSERT_EQ(RunMakeSurrogateFiles(session_, params), Outcome::kCompleted);
     const std::vector<std::string> log = Lines("dna_set.log");
     for (int i = 1; i <= 4; ++i) {
-        const std::string text = ReadTextFile(folder_.Folder(), "dna_" + std::to_string(i) + ".txt");
+        const std::string text = ReadTextFile(folder_.Path("dna_" + std::to_string(i) + ".txt"));
         const std::optional<float> complexity = GrammarComplexityOfText(text, Method::kNvogram, NoProgress);
         ASSERT_TRUE(complexity);
         EXPECT_EQ(log[8 + i], " " + std::to_string(i) + ". Surrogate\t C  =" + SingleText(*complexity));
