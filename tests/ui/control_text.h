@@ -16,4 +16,10 @@ inline QString ControlText(QWidget* control) {
     return qobject_cast<QAbstractButton*>(control)->text();
 }
 
+// What the control named `name` on `form` shows, or "<no control NAME>" when the form has none.
+inline QString ControlText(const QWidget& form, const QString& name) {
+    auto* control = form.findChild<QWidget*>(name);
+    return control == nullptr ? "<no control " + name + ">" : ControlText(control);
+}
+
 }  // namespace tessarin::testing

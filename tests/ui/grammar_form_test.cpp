@@ -42,9 +42,7 @@ class GrammarFormTest : public QObject {
         Grammar_Form form;
         QCOMPARE(form.FormName(), "GrammarForm");
         QCOMPARE(form.windowTitle(), "Grammar Options");
-        QWidget* control = form.findChild<QWidget*>(name);
-        QVERIFY2(control != nullptr, qPrintable(name));
-        QCOMPARE(testing::ControlText(control), caption);
+        QCOMPARE(testing::ControlText(form, name), caption);
     }
 
     void settings_data() {

@@ -66,9 +66,7 @@ class SurrogateFormTest : public QObject {
         Surrogate_Form form;
         QCOMPARE(form.FormName(), "SurrogateForm");
         QCOMPARE(form.windowTitle(), "Generate Surrogates");
-        QWidget* control = form.findChild<QWidget*>(name);
-        QVERIFY2(control != nullptr, qPrintable(name));
-        QCOMPARE(testing::ControlText(control), caption);
+        QCOMPARE(testing::ControlText(form, name), caption);
     }
 
     void settings_data() {
