@@ -46,6 +46,29 @@ BENCHMARK(BM_CompressRandomFourLetters)
     ->Iterations(1)
     ->Unit(benchmark::kSecond);
 
+// Real genomes repeat whole operons; random text does not. A copy of `copy` symbols planted in
+// random text, and a run of one symbol, are the cases where words thousands of symbols long repeat.
+void BM_CompressPlantedCopy(benchmark::State& state) {
+    const int copy = static_cast<int>(state.range(1));
+    const std::string text = RandomFourLetters(2 * copy);
+    Compress(state, text + text.substr(static_cast<std::size_t>(copy / 2), static_cast<std::size_t>(copy)),
+             static_cast<Method>(state.range(0)));
+}
+BENCHMARK(BM_CompressPlantedCopy)
+    ->ArgNames({"method", "copy"})
+    ->ArgsProduct({{0, 1, 2, 3}, {1000, 2500}})
+    ->Iterations(1)
+    ->Unit(benchmark::kSecond);
+
+void BM_CompressRun(benchmark::State& state) {
+    Compress(state, std::string(static_cast<std::size_t>(state.range(1)), 'A'), static_cast<Method>(state.range(0)));
+}
+BENCHMARK(BM_CompressRun)
+    ->ArgNames({"method", "length"})
+    ->ArgsProduct({{0, 1, 2, 3}, {8000, 20000}})
+    ->Iterations(1)
+    ->Unit(benchmark::kSecond);
+
 void BM_CompressExample(benchmark::State& state, const std::string& name) {
     Compress(state, ReadTextFile(std::filesystem::path(TESSARIN_EXAMPLES) / name), static_cast<Method>(state.range(0)));
 }

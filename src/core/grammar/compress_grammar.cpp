@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "grammar/choose_word.h"
+#include "grammar/pair_phase.h"
 #include "grammar/verify_grammar.h"
 #include "grammar/word_list_view.h"
 #include "logfile/number_text.h"
@@ -47,8 +48,8 @@ class CompressProgress {
         return progress_(ProgressText(label_, length_), static_cast<float>(shown_));
     }
 
-    void Chosen(const WordListView::Entry& word) {
-        const double size = SizeOf(word);
+    void Chosen(int length, int count) {
+        const double size = SizeOf(length, count);
         if (first_size_ == 0) first_size_ = size;
         if (first_size_ <= 1 || size < 1) return;
         passes_done_ = std::max(passes_done_, 1 - std::log(size) / std::log(first_size_));
@@ -59,10 +60,10 @@ class CompressProgress {
     static constexpr double kLeast = 1e-4;  // 0 would restart the display, 1 would end it
     static constexpr double kMost = 0.9999;
 
-    double SizeOf(const WordListView::Entry& word) const {
-        if (method_ == Method::kMaximumGain) return (word.length - 1.0) * (word.count - 1.0) - 1.0;
-        if (method_ == Method::kShortestFirst || length_ == 2) return word.count;
-        return word.length;
+    double SizeOf(int length, int count) const {
+        if (method_ == Method::kMaximumGain) return (length - 1.0) * (count - 1.0) - 1.0;
+        if (method_ == Method::kShortestFirst || length_ == 2) return count;
+        return length;
     }
 
     const std::string& label_;
@@ -119,6 +120,37 @@ bool Search(std::unique_ptr<WordListView>& list, Method method, std::int32_t& le
     return true;
 }
 
+// The passes at length 2 on the pair engine, each making a rule of the pair a word list at
+// length 2 would have it take, until that pair is kept twice or less. Answers the rules as
+// they then stand; a cancel or a failed check is marked in `result`.
+std::vector<Rule> PairPasses(std::span<const std::int32_t> coded, int alphabet_size, const CompressOptions& options,
+                             CompressProgress& shown, std::int32_t& code, std::int64_t& size, GrammarResult& result) {
+    shown.NewTrie();
+    PairPhase pairs(coded.empty() ? coded : coded.subspan(1), [&shown](double scanned) { return shown.Show(scanned); });
+    for (;;) {
+        if (pairs.stopped() || shown.Show(-1)) {
+            result.cancelled = true;
+            return {};
+        }
+        // A poll that stops the pick answers 0 too.
+        const std::int32_t kept = pairs.Choose();
+        if (kept == 0) break;
+        shown.Chosen(2, kept);
+        size += pairs.AddRule(++code);
+        result.pass_sizes.push_back(size);
+        if (options.on_pass) options.on_pass(size);
+        if (options.check_each_pass && !VerifyGrammar(pairs.Rules(), coded, alphabet_size)) {
+            result.check_failed = true;
+            break;
+        }
+    }
+    if (pairs.stopped()) {
+        result.cancelled = true;
+        return {};
+    }
+    return pairs.Rules();
+}
+
 }  // namespace
 
 GrammarResult CompressGrammar(std::span<const std::int32_t> coded, int alphabet_size, Method method,
@@ -134,7 +166,20 @@ GrammarResult CompressGrammar(std::span<const std::int32_t> coded, int alphabet_
     }
     CompressProgress shown(options.progress_label, method, length, progress);
     std::unique_ptr<WordListView> list;
-    {
+    if (length == 2) {
+        const std::vector<Rule> rules = PairPasses(coded, alphabet_size, options, shown, code, size, result);
+        if (result.cancelled) return result;
+        if (result.check_failed) {
+            result.rules = rules;
+            result.complexity = size;
+            progress("", 1);
+            return result;
+        }
+        // NVOGRAM leaves the pairs for the longest words; Shortest First carries the list at
+        // length 2 on to longer words.
+        if (method == Method::kNvogram) length = kUnlimited;
+        list = NewList(rules, length, shown);
+    } else {
         const Rule start_rule{0, std::vector<std::int32_t>(symbols.begin(), symbols.end())};
         list = NewList(std::span<const Rule>(&start_rule, 1), length, shown);
     }
@@ -145,7 +190,8 @@ GrammarResult CompressGrammar(std::span<const std::int32_t> coded, int alphabet_
         }
         const int chosen = list->LastLength() < 2 ? 0 : ChooseWord(*list, method);
         if (chosen == 0) break;
-        shown.Chosen(list->At(chosen));
+        const WordListView::Entry word = list->At(chosen);
+        shown.Chosen(word.length, word.count);
         size += list->AddRule(chosen, ++code);
         result.pass_sizes.push_back(size);
         if (options.on_pass) options.on_pass(size);

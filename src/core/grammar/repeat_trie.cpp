@@ -12,9 +12,11 @@ RepeatTrie::RepeatTrie(std::span<const Rule> rules, int max_depth, Poll poll)
     nodes_.emplace_back();
     const std::int32_t slots = text_.SlotCount();
     path_end_.reserve(text_.SlotCapacity());
+    end_slot_.reserve(text_.SlotCapacity());
     next_at_node_.reserve(text_.SlotCapacity());
     prev_at_node_.reserve(text_.SlotCapacity());
     path_end_.assign(static_cast<std::size_t>(slots), -1);
+    end_slot_.assign(static_cast<std::size_t>(slots), -1);
     next_at_node_.assign(static_cast<std::size_t>(slots), -1);
     prev_at_node_.assign(static_cast<std::size_t>(slots), -1);
     for (std::int32_t slot = 0; slot < slots && !stopped_; ++slot) {
@@ -58,6 +60,7 @@ void RepeatTrie::RemoveSlot(std::int32_t node, std::int32_t slot) {
 
 void RepeatTrie::Attach(std::int32_t slot) {
     path_end_[slot] = kRoot;
+    end_slot_[slot] = -1;
     AddSlot(kRoot, slot);
 }
 
@@ -134,17 +137,21 @@ void RepeatTrie::Extend(std::int32_t slot) {
         pending_.pop_back();
         std::int32_t at = path_end_[start];
         int depth = nodes_[at].depth;
-        std::int32_t end = depth == 0 ? -1 : text_.Advance(start, depth - 1);
+        std::int32_t end = end_slot_[start];
         while (depth < max_depth_ && (at == kRoot || nodes_[at].count >= 2)) {
             const std::int32_t next = depth == 0 ? start : text_.Next(end);
             if (next < 0) break;
             const std::int32_t symbol = text_.Symbol(next);
             std::int32_t child = children_.Find(ChildKey(at, symbol));
-            if (child < 0) child = NewNode(at, symbol);
+            if (child < 0) {
+                child = NewNode(at, symbol);
+                nodes_[child].border = BorderOfNew(child, start);
+            }
             Step();
             RemoveSlot(at, start);
             AddSlot(child, start);
             path_end_[start] = child;
+            end_slot_[start] = next;
             CountChanged(child);
             Node& node = nodes_[child];
             ++node.count;
@@ -164,7 +171,7 @@ void RepeatTrie::Extend(std::int32_t slot) {
 
 // Takes the slot off every word longer than `depth` symbols that starts there. A word left with
 // one occurrence becomes the end of that occurrence's path again.
-void RepeatTrie::Cut(std::int32_t slot, int depth) {
+void RepeatTrie::Cut(std::int32_t slot, int depth, std::int32_t end) {
     std::int32_t at = path_end_[slot];
     if (nodes_[at].depth <= depth) return;
     RemoveSlot(at, slot);
@@ -186,6 +193,7 @@ void RepeatTrie::Cut(std::int32_t slot, int depth) {
     }
     AddSlot(at, slot);
     path_end_[slot] = at;
+    end_slot_[slot] = end;
     if (single >= 0) Collapse(single);
 }
 
@@ -197,6 +205,10 @@ void RepeatTrie::Collapse(std::int32_t index) {
         at = nodes_[at].first_child;
     const std::int32_t slot = nodes_[at].first_slot;
     RemoveSlot(at, slot);
+    std::int32_t end = end_slot_[slot];
+    for (int steps = nodes_[at].depth - nodes_[index].depth; steps > 0; --steps)
+        end = text_.Prev(end);
+    end_slot_[slot] = end;
     while (at != index) {
         const std::int32_t parent = nodes_[at].parent;
         DeleteNode(at);
@@ -213,22 +225,27 @@ void RepeatTrie::Replace(const std::vector<std::int32_t>& starts, int length, st
     for (std::int32_t slot = starts.front(); static_cast<int>(symbols.size()) < length; slot = text_.Next(slot))
         symbols.push_back(text_.Symbol(slot));
 
-    std::vector<std::pair<std::int32_t, int>> cuts;
+    struct CutBack {
+        std::int32_t slot;
+        int depth;
+        std::int32_t end;  // the slot before the occurrence: where the cut path ends
+    };
+    std::vector<CutBack> cuts;
     std::vector<std::int32_t> removed;
     for (const std::int32_t start : starts) {
         // Paths are monotone: if the one from a slot does not reach the occurrence, no earlier one does.
         std::int32_t before = text_.Prev(start);
         for (int distance = 1; before >= 0 && nodes_[path_end_[before]].depth > distance; ++distance) {
-            cuts.emplace_back(before, distance);
+            cuts.push_back(CutBack{before, distance, text_.Prev(start)});
             before = text_.Prev(before);
         }
         for (std::int32_t slot = start, k = 0; k < length; ++k, slot = text_.Next(slot))
             removed.push_back(slot);
     }
-    for (const auto& [slot, distance] : cuts)
-        Cut(slot, distance);
+    for (const CutBack& cut : cuts)
+        Cut(cut.slot, cut.depth, cut.end);
     for (const std::int32_t slot : removed) {
-        Cut(slot, 0);
+        Cut(slot, 0, -1);
         RemoveSlot(kRoot, slot);
         path_end_[slot] = -1;
     }
@@ -237,6 +254,7 @@ void RepeatTrie::Replace(const std::vector<std::int32_t>& starts, int length, st
         text_.Replace(start, length, code);
     const std::int32_t first_new = text_.AppendRule(code, symbols);
     path_end_.resize(static_cast<std::size_t>(text_.SlotCount()), -1);
+    end_slot_.resize(path_end_.size(), -1);
     next_at_node_.resize(path_end_.size(), -1);
     prev_at_node_.resize(path_end_.size(), -1);
 
@@ -249,8 +267,8 @@ void RepeatTrie::Replace(const std::vector<std::int32_t>& starts, int length, st
         Attach(slot);
         Extend(slot);
     }
-    for (const auto& [slot, distance] : cuts) {
-        if (path_end_[slot] >= 0) Extend(slot);
+    for (const CutBack& cut : cuts) {
+        if (path_end_[cut.slot] >= 0) Extend(cut.slot);
     }
 }
 
@@ -278,13 +296,27 @@ std::int32_t RepeatTrie::FirstOccurrence(std::int32_t index) {
 }
 
 // Two occurrences of a word can overlap only when some proper prefix of it is also a suffix.
+// One step of the prefix function of Knuth, Morris and Pratt: the parent's border is extended by
+// the new symbol, or the border of that border is tried, and so on. Short borders are the rule in
+// real text, so this costs a few steps; a long one is left to SelfOverlaps.
+std::int8_t RepeatTrie::BorderOfNew(std::int32_t index, std::int32_t start) {
+    const Node& node = nodes_[index];
+    if (node.depth == 1) return 0;
+    std::int32_t k = nodes_[node.parent].border;
+    for (;;) {
+        if (k == kUnknown || k == kLongBorder) return kUnknown;
+        if (k == 0) return text_.Symbol(start) == node.symbol ? 1 : 0;
+        if (text_.Symbol(text_.Advance(start, k)) == node.symbol) return static_cast<std::int8_t>(k + 1);
+        std::int32_t prefix = kRoot;
+        for (std::int32_t slot = start, step = 0; step < k; ++step, slot = text_.Next(slot))
+            prefix = children_.Find(ChildKey(prefix, text_.Symbol(slot)));
+        k = nodes_[prefix].border;
+    }
+}
+
 bool RepeatTrie::SelfOverlaps(std::int32_t index) {
     Node& node = nodes_[index];
-    if (node.self_overlap != kUnknown) return node.self_overlap == 1;
-    if (node.depth == 2) {
-        node.self_overlap = node.symbol == nodes_[node.parent].symbol ? 1 : 0;
-        return node.self_overlap == 1;
-    }
+    if (node.border != kUnknown) return node.border > 0;
     std::vector<std::int32_t> word(static_cast<std::size_t>(node.depth));
     for (std::int32_t at = index; at != kRoot; at = nodes_[at].parent)
         word[static_cast<std::size_t>(nodes_[at].depth - 1)] = nodes_[at].symbol;
@@ -296,8 +328,8 @@ bool RepeatTrie::SelfOverlaps(std::int32_t index) {
             k = border[static_cast<std::size_t>(k - 1)];
         border[i] = word[i] == word[static_cast<std::size_t>(k)] ? k + 1 : k;
     }
-    nodes_[index].self_overlap = border.back() > 0 ? 1 : 0;
-    return nodes_[index].self_overlap == 1;
+    nodes_[index].border = static_cast<std::int8_t>(std::min<std::int32_t>(border.back(), kLongBorder));
+    return nodes_[index].border > 0;
 }
 
 void RepeatTrie::KeptOccurrences(std::int32_t index, std::vector<std::int32_t>& starts,
@@ -314,7 +346,7 @@ void RepeatTrie::KeptOccurrences(std::int32_t index, std::vector<std::int32_t>& 
 }
 
 std::int32_t RepeatTrie::Kept(std::int32_t index) {
-    if (nodes_[index].self_overlap == 0 || !SelfOverlaps(index)) return nodes_[index].count;
+    if (nodes_[index].border == 0 || !SelfOverlaps(index)) return nodes_[index].count;
     if (nodes_[index].kept == kUnknown) {
         std::vector<std::int32_t> starts;
         std::vector<std::int32_t> ends;

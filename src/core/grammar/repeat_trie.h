@@ -35,6 +35,8 @@ class RepeatTrie {
     // The greatest length that has had a group, or 0.
     int GroupCount() const { return static_cast<int>(groups_.size()) - 1; }
 
+    // Node numbers stay below this.
+    std::int32_t NodeCapacity() const { return static_cast<std::int32_t>(nodes_.size()); }
     int Count(std::int32_t node) const { return nodes_[node].count; }
     int Depth(std::int32_t node) const { return nodes_[node].depth; }
     std::int32_t Parent(std::int32_t node) const { return nodes_[node].parent; }
@@ -57,6 +59,7 @@ class RepeatTrie {
   private:
     static constexpr std::int32_t kRoot = 0;
     static constexpr std::int32_t kUnknown = -1;
+    static constexpr std::int8_t kLongBorder = 127;
 
     struct Node {
         std::int32_t parent = -1;  // -1 for the root and for a node that has gone
@@ -70,8 +73,10 @@ class RepeatTrie {
         std::int32_t group_index = -1;  // place in groups_[depth] while the word repeats
         std::int32_t first_occurrence = kUnknown;
         std::int32_t kept = kUnknown;
-        std::int8_t self_overlap = kUnknown;  // 1 when two occurrences can overlap
-        bool pair_changed = false;            // listed in changed_pairs_
+        // The length of the longest proper prefix that is also a suffix, up to kLongBorder, which
+        // stands for that length or more; two occurrences can overlap only when it is not 0.
+        std::int8_t border = kUnknown;
+        bool pair_changed = false;  // listed in changed_pairs_
     };
 
     static std::uint64_t ChildKey(std::int32_t parent, std::int32_t symbol) {
@@ -85,9 +90,12 @@ class RepeatTrie {
     }
     void Attach(std::int32_t slot);
     void Extend(std::int32_t slot);
-    void Cut(std::int32_t slot, int depth);
+    // `end`: the last slot of the word of `depth` symbols that starts at `slot`.
+    void Cut(std::int32_t slot, int depth, std::int32_t end);
     void Collapse(std::int32_t node);
     std::int32_t NewNode(std::int32_t parent, std::int32_t symbol);
+    // The border of a new node's word from its parent's, the word read at `start` in the text.
+    std::int8_t BorderOfNew(std::int32_t node, std::int32_t start);
     void DeleteNode(std::int32_t node);
     void JoinGroup(std::int32_t node);
     void LeaveGroup(std::int32_t node);
@@ -110,6 +118,9 @@ class RepeatTrie {
     std::vector<std::int32_t> free_nodes_;
     OpenHashMap children_;                // (parent, symbol) -> child
     std::vector<std::int32_t> path_end_;  // per slot: the node where its path ends, -1 for a removed slot
+    // Per slot: the last slot of the word where its path ends, so that a path is walked on from
+    // its end without stepping through a long word again.
+    std::vector<std::int32_t> end_slot_;
     std::vector<std::int32_t> next_at_node_;
     std::vector<std::int32_t> prev_at_node_;
     std::vector<std::vector<std::int32_t>> groups_;  // per length

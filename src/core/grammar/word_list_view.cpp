@@ -55,7 +55,9 @@ WordListView::Place WordListView::Locate(int position) const {
 // The order of the search within a length: falling count; ties by the order of the parents in
 // the group before (by symbols for pairs) and, between children of one parent, by first occurrence.
 bool WordListView::SearchBefore(std::int32_t a, std::int32_t b) {
-    for (;;) {
+    // Most comparisons end within a few levels; only a longer climb is worth the jumps below.
+    constexpr int kStepsBeforeJumping = 8;
+    for (int steps = 0;; ++steps) {
         if (trie_.Count(a) != trie_.Count(b)) return trie_.Count(a) > trie_.Count(b);
         if (trie_.Depth(a) <= 2) {
             const std::int32_t a_first = trie_.Depth(a) == 2 ? trie_.Symbol(trie_.Parent(a)) : 0;
@@ -63,9 +65,51 @@ bool WordListView::SearchBefore(std::int32_t a, std::int32_t b) {
             return a_first != b_first ? a_first < b_first : trie_.Symbol(a) < trie_.Symbol(b);
         }
         if (trie_.Parent(a) == trie_.Parent(b)) return trie_.FirstOccurrence(a) < trie_.FirstOccurrence(b);
+        if (steps < kStepsBeforeJumping) {
+            a = trie_.Parent(a);
+            b = trie_.Parent(b);
+            continue;
+        }
+        // While the counts stay equal the two words cannot meet (a word above both would occur at
+        // least twice as often), so the climb jumps to where either count first grows: the one
+        // whose count grows at the greater length comes first.
+        const std::int32_t top_a = ChainTop(a);
+        const std::int32_t top_b = ChainTop(b);
+        if (trie_.Depth(top_a) != trie_.Depth(top_b)) return trie_.Depth(top_a) > trie_.Depth(top_b);
+        if (top_a != a) {
+            a = top_a;
+            b = top_b;
+            continue;
+        }
         a = trie_.Parent(a);
         b = trie_.Parent(b);
     }
+}
+
+// The shortest prefix of the word at `node`, of 2 or more symbols, that occurs as often as the
+// word does. Long repeats make long such runs of prefixes; each is climbed once per pass.
+std::int32_t WordListView::ChainTop(std::int32_t node) {
+    if (chain_pass_.size() < static_cast<std::size_t>(trie_.NodeCapacity())) {
+        chain_pass_.resize(static_cast<std::size_t>(trie_.NodeCapacity()), -1);
+        chain_top_.resize(chain_pass_.size(), -1);
+    }
+    climbed_.clear();
+    std::int32_t top = node;
+    for (;;) {
+        if (chain_pass_[top] == generation_) {
+            top = chain_top_[top];
+            break;
+        }
+        climbed_.push_back(top);
+        const std::int32_t parent = trie_.Parent(top);
+        if (trie_.Depth(top) <= 2 || trie_.Count(parent) != trie_.Count(top)) break;
+        top = parent;
+    }
+    for (const std::int32_t climbed : climbed_) {
+        chain_pass_[climbed] = generation_;
+        chain_top_[climbed] = top;
+    }
+    return top;
 }
 
 // After the overlaps are dropped, a group is ordered by kept count and, among equal ones, as the
@@ -81,8 +125,30 @@ WordListView::GroupOrder& WordListView::Order(int length) {
     GroupOrder& order = orders_[length];
     if (order.generation != generation_) {
         order.generation = generation_;
+        order.scanned = false;
         order.selected.clear();
         order.list.clear();
+    }
+    return order;
+}
+
+WordListView::GroupOrder& WordListView::ScannedOrder(int length) {
+    GroupOrder& order = Order(length);
+    if (order.scanned) return order;
+    order.scanned = true;
+    order.reordered = false;
+    order.most_kept = 0;
+    order.fewest_kept = 0;
+    // The counts are only of use in a group left in search order: the scan ends at the first
+    // word whose count dropping the overlaps lowered.
+    for (const std::int32_t node : trie_.Group(length)) {
+        const std::int32_t kept = trie_.Kept(node);
+        if (kept < trie_.Count(node)) {
+            order.reordered = true;
+            break;
+        }
+        order.most_kept = std::max(order.most_kept, kept);
+        order.fewest_kept = order.fewest_kept == 0 ? kept : std::min(order.fewest_kept, kept);
     }
     return order;
 }
@@ -103,8 +169,7 @@ void WordListView::SortGroup(int length, GroupOrder& order) {
 WordListView::Placed WordListView::Select(int length, int offset) {
     const std::vector<std::int32_t>& group = trie_.Group(length);
     // Where dropping the overlaps changed no count the list order is the search order: the place is the rank.
-    const bool reordered = std::any_of(group.begin(), group.end(),
-                                       [this](std::int32_t node) { return trie_.Kept(node) < trie_.Count(node); });
+    const bool reordered = ScannedOrder(length).reordered;
     auto before = [this, reordered](std::int32_t a, std::int32_t b) {
         return reordered ? ListBefore(a, b) : SearchBefore(a, b);
     };
@@ -158,6 +223,14 @@ WordListView::Entry WordListView::At(int position) {
         const Extension& group = extensions_[static_cast<std::size_t>(place.extension)];
         const std::int32_t index = group.list_order[static_cast<std::size_t>(place.offset)];
         return Entry{group.length, group.words[index].count, index + 1};
+    }
+    if (place.length > 2) {
+        // In a group that dropping the overlaps left in search order, the first and last places
+        // are the greatest and least counts, and no word need be picked out.
+        const GroupOrder& order = ScannedOrder(place.length);
+        const int last = trie_.GroupSize(place.length) - 1;
+        if (!order.reordered && place.offset == 0) return Entry{place.length, order.most_kept, 1};
+        if (!order.reordered && place.offset == last) return Entry{place.length, order.fewest_kept, last + 1};
     }
     const auto [node, rank] = NodeAt(place.length, place.offset);
     return Entry{place.length, trie_.Kept(node), rank};

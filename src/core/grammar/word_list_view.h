@@ -71,6 +71,12 @@ class WordListView {
     };
     struct GroupOrder {
         std::int64_t generation = -1;
+        // What one scan of the kept counts tells, once per pass: whether dropping the overlaps
+        // reordered the group at all and, if not, its greatest and least kept counts.
+        bool scanned = false;
+        bool reordered = false;
+        std::int32_t most_kept = 0;
+        std::int32_t fewest_kept = 0;
         std::vector<Placed> selected;                             // places answered one by one
         std::vector<std::pair<std::int32_t, std::int32_t>> list;  // (node, rank) in list order, once sorted
     };
@@ -84,8 +90,11 @@ class WordListView {
     int TopTrieLength() const;
     Place Locate(int position) const;
     bool SearchBefore(std::int32_t a, std::int32_t b);
+    std::int32_t ChainTop(std::int32_t node);
     bool ListBefore(std::int32_t a, std::int32_t b);
     GroupOrder& Order(int length);
+    // The group's order with its scan done.
+    GroupOrder& ScannedOrder(int length);
     void SortGroup(int length, GroupOrder& order);
     Placed Select(int length, int offset);
     std::pair<std::int32_t, std::int32_t> NodeAt(int length, int offset);
@@ -99,6 +108,10 @@ class WordListView {
     std::vector<Extension> extensions_;
     std::int64_t generation_ = 0;  // grows with every rule, so cached orders expire
     std::vector<GroupOrder> orders_;
+    // Per node, for the pass numbered in chain_pass_: what ChainTop answered.
+    std::vector<std::int64_t> chain_pass_;
+    std::vector<std::int32_t> chain_top_;
+    std::vector<std::int32_t> climbed_;
 };
 
 }  // namespace tessarin

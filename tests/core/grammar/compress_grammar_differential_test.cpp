@@ -39,13 +39,15 @@ std::string RandomLetters(RandomGenerator& random, int length, int letters) {
 }
 
 // Inputs whose longest repeats are far longer than a random sequence's: copies of hundreds of
-// symbols planted in random text (exact, or with one symbol changed), long runs
+// symbols and of a thousand planted in random text (exact, or with one symbol changed), long runs
 // of one symbol and a long period-two stretch, alone and inside random text.
 std::vector<std::string> LongRepeatSequences() {
     RandomGenerator random(777);
     std::vector<std::string> texts;
     const std::string base = RandomLetters(random, 800, 4);
     texts.push_back(base + base.substr(100, 450));
+    const std::string longer = RandomLetters(random, 1200, 4);
+    texts.push_back(longer + longer.substr(100, 1000));
     std::string changed = base.substr(0, 300);
     changed[150] = changed[150] == 'A' ? 'C' : 'A';
     texts.push_back(base.substr(0, 300) + RandomLetters(random, 200, 4) + changed + base.substr(0, 300));
