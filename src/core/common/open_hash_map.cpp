@@ -18,7 +18,7 @@ std::size_t OpenHashMap::Slot(std::uint64_t key) const {
 }
 
 void OpenHashMap::Insert(std::uint64_t key, std::int32_t value) {
-    if (2 * (size_ + 1) > entries_.size()) Grow();
+    if (Crowded(size_ + 1)) Grow();
     entries_[Slot(key)] = Entry{key, value};
     ++size_;
 }
@@ -37,6 +37,11 @@ void OpenHashMap::Erase(std::uint64_t key) {
         hole = at;
     }
     entries_[hole] = Entry{};
+}
+
+void OpenHashMap::Reserve(std::size_t count) {
+    while (Crowded(count))
+        Grow();
 }
 
 void OpenHashMap::Grow() {

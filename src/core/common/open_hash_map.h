@@ -7,7 +7,7 @@
 namespace tessarin {
 
 // A map from 64-bit keys to non-negative 32-bit values: open addressing with linear probing, at
-// most half full so that probe runs stay short. Erase pulls the later entries of its cluster
+// most three quarters full so that probe runs stay short. Erase pulls the later entries of its cluster
 // back instead of leaving deleted markers, so a table that sees many inserts and erases (a trie
 // kept up to date over thousands of passes) stays as fast as a fresh one. Time and memory grow
 // with the number of keys, not with their range.
@@ -19,6 +19,8 @@ class OpenHashMap {
     std::int32_t Find(std::uint64_t key) const { return entries_[Slot(key)].value; }
     // Adds a key that is not in the map.
     void Insert(std::uint64_t key, std::int32_t value);
+    // Room for `count` keys without growing, so that a table of millions is not built twice over.
+    void Reserve(std::size_t count);
     void Erase(std::uint64_t key);
 
   private:
@@ -34,6 +36,8 @@ class OpenHashMap {
     // The entry holding `key`, or the empty entry that ends its cluster.
     std::size_t Slot(std::uint64_t key) const;
     void Grow();
+    // More than three quarters full: probe runs would grow long.
+    bool Crowded(std::size_t count) const { return 4 * count > 3 * entries_.size(); }
 
     std::vector<Entry> entries_;
     std::size_t size_ = 0;

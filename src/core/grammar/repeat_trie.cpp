@@ -9,8 +9,11 @@ namespace tessarin {
 
 RepeatTrie::RepeatTrie(std::span<const Rule> rules, int max_depth, Poll poll)
     : text_(rules), max_depth_(max_depth), poll_(std::move(poll)) {
-    nodes_.emplace_back();
     const std::int32_t slots = text_.SlotCount();
+    // Almost every slot ends its path in a leaf of the child table, and the words that repeat add
+    // some more entries: room for a quarter more than the slots spares rebuilding a table of millions.
+    children_.Reserve(static_cast<std::size_t>(slots) + static_cast<std::size_t>(slots) / 4 + 1024);
+    nodes_.emplace_back();
     path_end_.reserve(text_.SlotCapacity());
     end_slot_.reserve(text_.SlotCapacity());
     next_at_node_.reserve(text_.SlotCapacity());
@@ -138,14 +141,33 @@ void RepeatTrie::Extend(std::int32_t slot) {
         std::int32_t at = path_end_[start];
         int depth = nodes_[at].depth;
         std::int32_t end = end_slot_[start];
-        while (depth < max_depth_ && (at == kRoot || nodes_[at].count >= 2)) {
+        while (depth < max_depth_) {
             const std::int32_t next = depth == 0 ? start : text_.Next(end);
             if (next < 0) break;
             const std::int32_t symbol = text_.Symbol(next);
-            std::int32_t child = children_.Find(ChildKey(at, symbol));
-            if (child < 0) {
+            const std::int32_t found = children_.Find(ChildKey(at, symbol));
+            if (found < 0) {
+                // The word occurs here only: the slot's path ends in a leaf.
+                children_.Insert(ChildKey(at, symbol), kLeaf | start);
+                break;
+            }
+            // A slot walked on twice (cut for two occurrences) finds its own leaf: its path is whole.
+            if (found == (kLeaf | start)) break;
+            std::int32_t child = found;
+            if ((found & kLeaf) != 0) {
+                // A second occurrence: the leaf becomes a node, and the slot that ended in it
+                // walks on from there.
+                const std::int32_t other = found & ~kLeaf;
+                children_.Erase(ChildKey(at, symbol));
                 child = NewNode(at, symbol);
                 nodes_[child].border = BorderOfNew(child, start);
+                RemoveSlot(at, other);
+                AddSlot(child, other);
+                path_end_[other] = child;
+                end_slot_[other] = depth == 0 ? other : text_.Next(end_slot_[other]);
+                nodes_[child].count = 1;
+                nodes_[child].first_occurrence = other;
+                pending_.push_back(other);
             }
             Step();
             RemoveSlot(at, start);
@@ -158,10 +180,7 @@ void RepeatTrie::Extend(std::int32_t slot) {
             if (node.count == 1 || (node.first_occurrence != kUnknown && start < node.first_occurrence)) {
                 node.first_occurrence = start;
             }
-            if (node.count == 2) {
-                JoinGroup(child);
-                pending_.push_back(node.first_slot == start ? next_at_node_[start] : node.first_slot);
-            }
+            if (node.count == 2) JoinGroup(child);
             at = child;
             ++depth;
             end = next;
@@ -169,11 +188,33 @@ void RepeatTrie::Extend(std::int32_t slot) {
     }
 }
 
+// The word one symbol longer than where the slot's path ends, when it occurs there only.
+std::uint64_t RepeatTrie::LeafKey(std::int32_t slot) const {
+    const std::int32_t at = path_end_[slot];
+    const int depth = nodes_[at].depth;
+    if (depth >= max_depth_) return kNoLeaf;
+    const std::int32_t next = depth == 0 ? slot : text_.Next(end_slot_[slot]);
+    if (next < 0) return kNoLeaf;
+    const std::uint64_t key = ChildKey(at, text_.Symbol(next));
+    return children_.Find(key) == (kLeaf | slot) ? key : kNoLeaf;
+}
+
+int RepeatTrie::Reach(std::int32_t slot) const {
+    return nodes_[path_end_[slot]].depth + (LeafKey(slot) != kNoLeaf ? 1 : 0);
+}
+
+void RepeatTrie::DropLeaf(std::int32_t slot) {
+    const std::uint64_t key = LeafKey(slot);
+    if (key != kNoLeaf) children_.Erase(key);
+}
+
 // Takes the slot off every word longer than `depth` symbols that starts there. A word left with
-// one occurrence becomes the end of that occurrence's path again.
+// one occurrence becomes a leaf of that occurrence's path again.
 void RepeatTrie::Cut(std::int32_t slot, int depth, std::int32_t end) {
     std::int32_t at = path_end_[slot];
-    if (nodes_[at].depth <= depth) return;
+    if (nodes_[at].depth < depth) return;
+    DropLeaf(slot);
+    if (nodes_[at].depth == depth) return;
     RemoveSlot(at, slot);
     std::int32_t single = -1;
     while (nodes_[at].depth > depth) {
@@ -197,25 +238,33 @@ void RepeatTrie::Cut(std::int32_t slot, int depth, std::int32_t end) {
     if (single >= 0) Collapse(single);
 }
 
-// A word with one occurrence left: the longer words below it belong to that occurrence alone
-// and go, and its path ends here.
+// A word with one occurrence left: it and the longer words below it belong to that occurrence
+// alone and go, and the occurrence's path ends in a leaf in the word's place.
 void RepeatTrie::Collapse(std::int32_t index) {
     std::int32_t at = index;
     while (nodes_[at].first_slot < 0)
         at = nodes_[at].first_child;
     const std::int32_t slot = nodes_[at].first_slot;
+    DropLeaf(slot);
     RemoveSlot(at, slot);
-    std::int32_t end = end_slot_[slot];
-    for (int steps = nodes_[at].depth - nodes_[index].depth; steps > 0; --steps)
-        end = text_.Prev(end);
-    end_slot_[slot] = end;
-    while (at != index) {
-        const std::int32_t parent = nodes_[at].parent;
-        DeleteNode(at);
-        at = parent;
+    const std::int32_t parent = nodes_[index].parent;
+    std::int32_t end = -1;
+    if (parent != kRoot) {
+        end = end_slot_[slot];
+        for (int steps = nodes_[at].depth - nodes_[parent].depth; steps > 0; --steps)
+            end = text_.Prev(end);
     }
-    AddSlot(index, slot);
-    path_end_[slot] = index;
+    const std::int32_t symbol = nodes_[index].symbol;
+    for (;;) {
+        const std::int32_t above = nodes_[at].parent;
+        DeleteNode(at);
+        if (at == index) break;
+        at = above;
+    }
+    AddSlot(parent, slot);
+    path_end_[slot] = parent;
+    end_slot_[slot] = end;
+    children_.Insert(ChildKey(parent, symbol), kLeaf | slot);
 }
 
 // The paths that reach into an occurrence are cut back while they still describe the old text,
@@ -235,7 +284,7 @@ void RepeatTrie::Replace(const std::vector<std::int32_t>& starts, int length, st
     for (const std::int32_t start : starts) {
         // Paths are monotone: if the one from a slot does not reach the occurrence, no earlier one does.
         std::int32_t before = text_.Prev(start);
-        for (int distance = 1; before >= 0 && nodes_[path_end_[before]].depth > distance; ++distance) {
+        for (int distance = 1; before >= 0 && Reach(before) > distance; ++distance) {
             cuts.push_back(CutBack{before, distance, text_.Prev(start)});
             before = text_.Prev(before);
         }

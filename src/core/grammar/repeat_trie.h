@@ -15,7 +15,8 @@ namespace tessarin {
 // date as rules are added, so that a pass costs what its replacements touch instead of a whole
 // new search. Each slot of the rules lies on the path of the words that start there, down to the
 // shortest one that occurs only once; a node counts the slots on its path, which is its word's
-// number of occurrences. Nodes are words; the words that repeat are kept in groups by length.
+// number of occurrences. Nodes are the words that repeat, kept in groups by length; a word that
+// occurs once is a leaf, an entry of the child table that names its slot.
 class RepeatTrie {
   public:
     // Called every few milliseconds of work, with the share of the slots scanned while the trie is
@@ -60,6 +61,10 @@ class RepeatTrie {
     static constexpr std::int32_t kRoot = 0;
     static constexpr std::int32_t kUnknown = -1;
     static constexpr std::int8_t kLongBorder = 127;
+    // A word that occurs once is no node but an entry of the child table holding its slot, marked
+    // by this bit: most slots end their paths in one, and an entry is a fraction of a node.
+    static constexpr std::int32_t kLeaf = 1 << 30;
+    static constexpr std::uint64_t kNoLeaf = ~std::uint64_t{0};
 
     struct Node {
         std::int32_t parent = -1;  // -1 for the root and for a node that has gone
@@ -93,6 +98,11 @@ class RepeatTrie {
     // `end`: the last slot of the word of `depth` symbols that starts at `slot`.
     void Cut(std::int32_t slot, int depth, std::int32_t end);
     void Collapse(std::int32_t node);
+    // The child-table key of the slot's leaf, or kNoLeaf when its path ends without one.
+    std::uint64_t LeafKey(std::int32_t slot) const;
+    // How long the words that start at the slot and are in the trie are, its leaf included.
+    int Reach(std::int32_t slot) const;
+    void DropLeaf(std::int32_t slot);
     std::int32_t NewNode(std::int32_t parent, std::int32_t symbol);
     // The border of a new node's word from its parent's, the word read at `start` in the text.
     std::int8_t BorderOfNew(std::int32_t node, std::int32_t start);
@@ -116,7 +126,7 @@ class RepeatTrie {
     bool stopped_ = false;
     std::vector<Node> nodes_;
     std::vector<std::int32_t> free_nodes_;
-    OpenHashMap children_;                // (parent, symbol) -> child
+    OpenHashMap children_;                // (parent, symbol) -> child, or kLeaf | slot
     std::vector<std::int32_t> path_end_;  // per slot: the node where its path ends, -1 for a removed slot
     // Per slot: the last slot of the word where its path ends, so that a path is walked on from
     // its end without stepping through a long word again.
