@@ -344,7 +344,6 @@ std::int32_t RepeatTrie::FirstOccurrence(std::int32_t index) {
     return nodes_[index].first_occurrence;
 }
 
-// Two occurrences of a word can overlap only when some proper prefix of it is also a suffix.
 // One step of the prefix function of Knuth, Morris and Pratt: the parent's border is extended by
 // the new symbol, or the border of that border is tried, and so on. Short borders are the rule in
 // real text, so this costs a few steps; a long one is left to SelfOverlaps.
@@ -363,6 +362,7 @@ std::int8_t RepeatTrie::BorderOfNew(std::int32_t index, std::int32_t start) {
     }
 }
 
+// Two occurrences of a word can overlap only when some proper prefix of it is also a suffix.
 bool RepeatTrie::SelfOverlaps(std::int32_t index) {
     Node& node = nodes_[index];
     if (node.border != kUnknown) return node.border > 0;

@@ -36,8 +36,6 @@ class RepeatTrie {
     // The greatest length that has had a group, or 0.
     int GroupCount() const { return static_cast<int>(groups_.size()) - 1; }
 
-    // Node numbers stay below this.
-    std::int32_t NodeCapacity() const { return static_cast<std::int32_t>(nodes_.size()); }
     int Count(std::int32_t node) const { return nodes_[node].count; }
     int Depth(std::int32_t node) const { return nodes_[node].depth; }
     std::int32_t Parent(std::int32_t node) const { return nodes_[node].parent; }

@@ -55,9 +55,7 @@ WordListView::Place WordListView::Locate(int position) const {
 // The order of the search within a length: falling count; ties by the order of the parents in
 // the group before (by symbols for pairs) and, between children of one parent, by first occurrence.
 bool WordListView::SearchBefore(std::int32_t a, std::int32_t b) {
-    // Most comparisons end within a few levels; only a longer climb is worth the jumps below.
-    constexpr int kStepsBeforeJumping = 8;
-    for (int steps = 0;; ++steps) {
+    for (;;) {
         if (trie_.Count(a) != trie_.Count(b)) return trie_.Count(a) > trie_.Count(b);
         if (trie_.Depth(a) <= 2) {
             const std::int32_t a_first = trie_.Depth(a) == 2 ? trie_.Symbol(trie_.Parent(a)) : 0;
@@ -65,51 +63,9 @@ bool WordListView::SearchBefore(std::int32_t a, std::int32_t b) {
             return a_first != b_first ? a_first < b_first : trie_.Symbol(a) < trie_.Symbol(b);
         }
         if (trie_.Parent(a) == trie_.Parent(b)) return trie_.FirstOccurrence(a) < trie_.FirstOccurrence(b);
-        if (steps < kStepsBeforeJumping) {
-            a = trie_.Parent(a);
-            b = trie_.Parent(b);
-            continue;
-        }
-        // While the counts stay equal the two words cannot meet (a word above both would occur at
-        // least twice as often), so the climb jumps to where either count first grows: the one
-        // whose count grows at the greater length comes first.
-        const std::int32_t top_a = ChainTop(a);
-        const std::int32_t top_b = ChainTop(b);
-        if (trie_.Depth(top_a) != trie_.Depth(top_b)) return trie_.Depth(top_a) > trie_.Depth(top_b);
-        if (top_a != a) {
-            a = top_a;
-            b = top_b;
-            continue;
-        }
         a = trie_.Parent(a);
         b = trie_.Parent(b);
     }
-}
-
-// The shortest prefix of the word at `node`, of 2 or more symbols, that occurs as often as the
-// word does. Long repeats make long such runs of prefixes; each is climbed once per pass.
-std::int32_t WordListView::ChainTop(std::int32_t node) {
-    if (chain_pass_.size() < static_cast<std::size_t>(trie_.NodeCapacity())) {
-        chain_pass_.resize(static_cast<std::size_t>(trie_.NodeCapacity()), -1);
-        chain_top_.resize(chain_pass_.size(), -1);
-    }
-    climbed_.clear();
-    std::int32_t top = node;
-    for (;;) {
-        if (chain_pass_[top] == generation_) {
-            top = chain_top_[top];
-            break;
-        }
-        climbed_.push_back(top);
-        const std::int32_t parent = trie_.Parent(top);
-        if (trie_.Depth(top) <= 2 || trie_.Count(parent) != trie_.Count(top)) break;
-        top = parent;
-    }
-    for (const std::int32_t climbed : climbed_) {
-        chain_pass_[climbed] = generation_;
-        chain_top_[climbed] = top;
-    }
-    return top;
 }
 
 // After the overlaps are dropped, a group is ordered by kept count and, among equal ones, as the

@@ -90,7 +90,6 @@ class WordListView {
     int TopTrieLength() const;
     Place Locate(int position) const;
     bool SearchBefore(std::int32_t a, std::int32_t b);
-    std::int32_t ChainTop(std::int32_t node);
     bool ListBefore(std::int32_t a, std::int32_t b);
     GroupOrder& Order(int length);
     // The group's order with its scan done.
@@ -108,10 +107,6 @@ class WordListView {
     std::vector<Extension> extensions_;
     std::int64_t generation_ = 0;  // grows with every rule, so cached orders expire
     std::vector<GroupOrder> orders_;
-    // Per node, for the pass numbered in chain_pass_: what ChainTop answered.
-    std::vector<std::int64_t> chain_pass_;
-    std::vector<std::int32_t> chain_top_;
-    std::vector<std::int32_t> climbed_;
 };
 
 }  // namespace tessarin
