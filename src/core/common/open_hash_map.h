@@ -24,24 +24,32 @@ class OpenHashMap {
     void Erase(std::uint64_t key);
 
   private:
+    // The key in two halves leaves the entry without padding: 12 bytes instead of 16, on a table
+    // that holds an entry for almost every slot of a genome.
     struct Entry {
-        std::uint64_t key = 0;
+        std::uint32_t key_low = 0;
+        std::uint32_t key_high = 0;
         std::int32_t value = -1;  // -1: empty
+
+        std::uint64_t Key() const { return (std::uint64_t{key_high} << 32) | key_low; }
     };
 
-    // Fibonacci hashing: the top bits of the product spread neighbouring keys over the table.
+    // Fibonacci hashing spreads neighbouring keys; the top half of the product is then scaled onto
+    // the table (Lemire's multiply-shift range reduction), so the table can have any size and is
+    // sized to what it holds rather than to the next power of two.
     std::size_t Home(std::uint64_t key) const {
-        return static_cast<std::size_t>((key * 0x9E3779B97F4A7C15ULL) >> shift_);
+        const std::uint64_t hash = (key * 0x9E3779B97F4A7C15ULL) >> 32;
+        return static_cast<std::size_t>((hash * entries_.size()) >> 32);
     }
+    std::size_t After(std::size_t at) const { return at + 1 == entries_.size() ? 0 : at + 1; }
     // The entry holding `key`, or the empty entry that ends its cluster.
     std::size_t Slot(std::uint64_t key) const;
-    void Grow();
+    void Rebuild(std::size_t size);
     // More than three quarters full: probe runs would grow long.
     bool Crowded(std::size_t count) const { return 4 * count > 3 * entries_.size(); }
 
     std::vector<Entry> entries_;
     std::size_t size_ = 0;
-    int shift_;
 };
 
 }  // namespace tessarin

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <memory>
+#include <utility>
 
 #include "grammar/choose_word.h"
 #include "grammar/pair_phase.h"
@@ -122,11 +123,13 @@ bool Search(std::unique_ptr<WordListView>& list, Method method, std::int32_t& le
 
 // The passes at length 2 on the pair engine, each making a rule of the pair a word list at
 // length 2 would have it take, until that pair is kept twice or less. Answers the rules as
-// they then stand; a cancel or a failed check is marked in `result`.
-std::vector<Rule> PairPasses(std::span<const std::int32_t> coded, int alphabet_size, const CompressOptions& options,
-                             CompressProgress& shown, std::int32_t& code, std::int64_t& size, GrammarResult& result) {
+// they then stand; a cancel or a failed check is marked in `result`. `checked` is the sequence
+// that the check after each pass compares with.
+std::vector<Rule> PairPasses(std::vector<std::int32_t> symbols, std::span<const std::int32_t> checked,
+                             int alphabet_size, const CompressOptions& options, CompressProgress& shown,
+                             std::int32_t& code, std::int64_t& size, GrammarResult& result) {
     shown.NewTrie();
-    PairPhase pairs(coded.empty() ? coded : coded.subspan(1), [&shown](double scanned) { return shown.Show(scanned); });
+    PairPhase pairs(std::move(symbols), [&shown](double scanned) { return shown.Show(scanned); });
     for (;;) {
         if (pairs.stopped() || shown.Show(-1)) {
             result.cancelled = true;
@@ -139,7 +142,7 @@ std::vector<Rule> PairPasses(std::span<const std::int32_t> coded, int alphabet_s
         size += pairs.AddRule(++code);
         result.pass_sizes.push_back(size);
         if (options.on_pass) options.on_pass(size);
-        if (options.check_each_pass && !VerifyGrammar(pairs.Rules(), coded, alphabet_size)) {
+        if (options.check_each_pass && !VerifyGrammar(pairs.Rules(), checked, alphabet_size)) {
             result.check_failed = true;
             break;
         }
@@ -153,13 +156,16 @@ std::vector<Rule> PairPasses(std::span<const std::int32_t> coded, int alphabet_s
 
 }  // namespace
 
-GrammarResult CompressGrammar(std::span<const std::int32_t> coded, int alphabet_size, Method method,
-                              const CompressOptions& options, const ProgressFn& progress) {
+GrammarResult CompressGrammar(CodedSequence coded, int alphabet_size, Method method, const CompressOptions& options,
+                              const ProgressFn& progress) {
     GrammarResult result;
     std::int32_t code = alphabet_size;
     std::int32_t length = (method == Method::kNvogram || method == Method::kShortestFirst) ? 2 : kUnlimited;
-    const std::span<const std::int32_t> symbols = coded.empty() ? coded : coded.subspan(1);
-    std::int64_t size = static_cast<std::int64_t>(symbols.size());
+    // Only the check after each pass needs the sequence as it came; the engine takes the rest.
+    const CodedSequence checked = options.check_each_pass ? coded : CodedSequence{};
+    // The engines take the symbols from index 0 on.
+    if (!coded.empty()) coded.erase(coded.begin());
+    std::int64_t size = static_cast<std::int64_t>(coded.size());
     if (progress(ProgressText(options.progress_label, length), 0)) {
         result.cancelled = true;
         return result;
@@ -167,10 +173,11 @@ GrammarResult CompressGrammar(std::span<const std::int32_t> coded, int alphabet_
     CompressProgress shown(options.progress_label, method, length, progress);
     std::unique_ptr<WordListView> list;
     if (length == 2) {
-        const std::vector<Rule> rules = PairPasses(coded, alphabet_size, options, shown, code, size, result);
+        std::vector<Rule> rules =
+            PairPasses(std::move(coded), checked, alphabet_size, options, shown, code, size, result);
         if (result.cancelled) return result;
         if (result.check_failed) {
-            result.rules = rules;
+            result.rules = std::move(rules);
             result.complexity = size;
             progress("", 1);
             return result;
@@ -178,9 +185,9 @@ GrammarResult CompressGrammar(std::span<const std::int32_t> coded, int alphabet_
         // NVOGRAM leaves the pairs for the longest words; Shortest First carries the list at
         // length 2 on to longer words.
         if (method == Method::kNvogram) length = kUnlimited;
-        list = NewList(rules, length, shown);
+        list = NewList(std::exchange(rules, {}), length, shown);
     } else {
-        const Rule start_rule{0, std::vector<std::int32_t>(symbols.begin(), symbols.end())};
+        const Rule start_rule{0, std::move(coded)};
         list = NewList(std::span<const Rule>(&start_rule, 1), length, shown);
     }
     for (;;) {
@@ -195,7 +202,7 @@ GrammarResult CompressGrammar(std::span<const std::int32_t> coded, int alphabet_
         size += list->AddRule(chosen, ++code);
         result.pass_sizes.push_back(size);
         if (options.on_pass) options.on_pass(size);
-        if (options.check_each_pass && !VerifyGrammar(list->Rules(), coded, alphabet_size)) {
+        if (options.check_each_pass && !VerifyGrammar(list->Rules(), checked, alphabet_size)) {
             result.check_failed = true;
             break;
         }

@@ -2,12 +2,12 @@
 
 #include <cstdint>
 #include <functional>
-#include <span>
 #include <string>
 #include <vector>
 
 #include "grammar/grammar.h"
 #include "grammar/method.h"
+#include "sequence/alphabet.h"
 #include "session/progress.h"
 
 namespace tessarin {
@@ -34,9 +34,10 @@ struct GrammarResult {
 // Builds a grammar greedily: in every pass one repeated word, chosen by `method`, becomes a new
 // rule and its occurrences that do not overlap are replaced by the rule's code, until no word
 // qualifies. `coded` holds the symbols 1..K at positions 1..n (index 0 is ignored, as in a
-// CodedSequence); the r-th rule gets code K + r. A cancelled run returns no rules. Keeps no
-// state between calls, so it may run on many threads at once.
-GrammarResult CompressGrammar(std::span<const std::int32_t> coded, int alphabet_size, Method method,
-                              const CompressOptions& options, const ProgressFn& progress);
+// CodedSequence); the r-th rule gets code K + r. The engine works in `coded` itself, so a caller
+// that moves it in holds no second copy of a long sequence. A cancelled run returns no rules.
+// Keeps no state between calls, so it may run on many threads at once.
+GrammarResult CompressGrammar(CodedSequence coded, int alphabet_size, Method method, const CompressOptions& options,
+                              const ProgressFn& progress);
 
 }  // namespace tessarin

@@ -38,17 +38,19 @@ std::optional<float> CurrentSequenceComplexity(Session& session, Method method, 
     sequence.alphabet = summary.alphabet;
     if (report) ReportSequenceSummary(session, summary);
 
-    const CodedSequence coded = Encode(sequence.alphabet, sequence.text);
     const ProgressFn progress = session.Progress();
     CompressOptions options;
     options.progress_label = FileBaseName(sequence.file_name);
     std::size_t passes = 0;
     if (report) options.on_pass = [&](std::int64_t size) { session.host().PrintMainLine(PassLine(++passes, size)); };
-    const GrammarResult result = CompressGrammar(coded, sequence.AlphabetSize(), method, options, progress);
+    // The sequence is coded afresh for the check, so no second copy of it is held during the run.
+    const GrammarResult result =
+        CompressGrammar(Encode(sequence.alphabet, sequence.text), sequence.AlphabetSize(), method, options, progress);
     if (result.cancelled) return std::nullopt;
     if (report) ReportGrammar(session, result, method, sequence.alphabet);
     progress("Verifying...", 0);
-    const bool verified = VerifyGrammar(result.rules, coded, sequence.AlphabetSize());
+    const bool verified =
+        VerifyGrammar(result.rules, Encode(sequence.alphabet, sequence.text), sequence.AlphabetSize());
     progress("", 1);
     if (!verified) session.host().ShowMessage(kVerifyFailedMessage, kMessageTitle);
     if (report) ShowLogFile(session);

@@ -8,18 +8,17 @@ namespace tessarin {
 // Room for the rules to come beside the sequence, so that the first new rules do not double
 // arrays of millions of slots. There are never more pairs than slots; room reserved for them is
 // only address space until used, and spares a copy of them all while the array would grow.
-PairPhase::PairPhase(std::span<const std::int32_t> symbols, Poll poll)
-    : poll_(std::move(poll)), sequence_length_(static_cast<std::int32_t>(symbols.size())) {
-    const std::size_t room = symbols.size() + symbols.size() / 8 + 1024;
+PairPhase::PairPhase(std::vector<std::int32_t> symbols, Poll poll)
+    : poll_(std::move(poll)),
+      sequence_length_(static_cast<std::int32_t>(symbols.size())),
+      symbols_(std::move(symbols)) {
+    const std::size_t room = symbols_.size() + symbols_.size() / 8 + 1024;
     pairs_.reserve(room);
     symbols_.reserve(room);
     next_in_pair_.reserve(room);
-    pair_at_.reserve(room);
     prev_in_pair_.reserve(room);
-    symbols_.assign(symbols.begin(), symbols.end());
-    next_in_pair_.assign(symbols.size(), -1);
-    pair_at_.assign(symbols.size(), -1);
-    prev_in_pair_.assign(symbols.size(), -1);
+    next_in_pair_.assign(symbols_.size(), -1);
+    prev_in_pair_.assign(symbols_.size(), -1);
     table_.assign(1024, -1);
     shift_ = 64 - 10;
     for (std::int32_t slot = 0; slot + 1 < sequence_length_ && !stopped_; ++slot) {
@@ -167,7 +166,6 @@ void PairPhase::Forget(std::int32_t id) {
 
 void PairPhase::AddOccurrence(std::int32_t id, std::int32_t slot) {
     Pair& pair = pairs_[id];
-    pair_at_[slot] = id;
     next_in_pair_[slot] = pair.head;
     prev_in_pair_[slot] = -1;
     if (pair.head >= 0) prev_in_pair_[pair.head] = slot;
@@ -177,7 +175,7 @@ void PairPhase::AddOccurrence(std::int32_t id, std::int32_t slot) {
 }
 
 void PairPhase::RemoveOccurrence(std::int32_t slot) {
-    const std::int32_t id = pair_at_[slot];
+    const std::int32_t id = PairAt(slot);
     Pair& pair = pairs_[id];
     const std::int32_t next = next_in_pair_[slot];
     const std::int32_t prev = prev_in_pair_[slot];
@@ -444,7 +442,6 @@ std::int64_t PairPhase::AddRule(std::int32_t code) {
     symbols_.push_back(pair.first);
     symbols_.push_back(pair.second);
     next_in_pair_.resize(symbols_.size(), -1);
-    pair_at_.resize(symbols_.size(), -1);
     prev_in_pair_.resize(symbols_.size(), -1);
     codes_.push_back(code);
     AddOccurrence(FindOrAdd(pair.first, pair.second), body);

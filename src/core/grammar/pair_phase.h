@@ -3,7 +3,6 @@
 #include <array>
 #include <cstdint>
 #include <functional>
-#include <span>
 #include <utility>
 #include <vector>
 
@@ -23,8 +22,8 @@ class PairPhase {
     // are first counted and with -1 after; answers true to stop the work.
     using Poll = std::function<bool(double scanned)>;
 
-    // `symbols`: the sequence, codes 1..K.
-    PairPhase(std::span<const std::int32_t> symbols, Poll poll = {});
+    // `symbols`: the sequence, codes 1..K; the engine keeps its rules in it.
+    PairPhase(std::vector<std::int32_t> symbols, Poll poll = {});
 
     // The poll answered true: the phase must be dropped.
     bool stopped() const { return stopped_; }
@@ -80,6 +79,8 @@ class PairPhase {
     }
     std::int32_t Find(std::int32_t first, std::int32_t second);
     std::int32_t FindOrAdd(std::int32_t first, std::int32_t second);
+    // The pair that starts at a slot holding an occurrence.
+    std::int32_t PairAt(std::int32_t slot) { return Find(symbols_[slot], symbols_[Next(slot)]); }
     void Forget(std::int32_t id);
     void GrowTable();
     void AddOccurrence(std::int32_t id, std::int32_t slot);
@@ -107,7 +108,6 @@ class PairPhase {
     std::vector<std::int32_t> symbols_;       // per slot; 0 once the slot is taken out
     std::vector<std::int32_t> next_in_pair_;  // per slot: the occurrence list of the pair it starts;
     std::vector<std::int32_t> prev_in_pair_;  // at the ends of a gap, the live slot beyond it
-    std::vector<std::int32_t> pair_at_;       // per slot: the pair it starts, saving a look-up per change
     std::vector<std::int32_t> codes_;         // per rule
 
     std::vector<Pair> pairs_;

@@ -24,7 +24,8 @@ std::optional<float> SequenceComplexity(std::span<const std::int32_t> coded, con
                                         const std::string& name, const ProgressFn& progress) {
     CompressOptions options;
     options.progress_label = name;
-    const GrammarResult result = CompressGrammar(coded, params.alphabet_size, params.method, options, progress);
+    const GrammarResult result = CompressGrammar(CodedSequence(coded.begin(), coded.end()), params.alphabet_size,
+                                                 params.method, options, progress);
     if (result.cancelled) return std::nullopt;
     return static_cast<float>(result.complexity);
 }
