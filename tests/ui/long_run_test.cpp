@@ -48,7 +48,7 @@ class LongRunTest : public QObject {
 
   private slots:
     void initTestCase() {
-        data_.Write("large.txt", RandomDna(2000000));
+        data_.Write("large.txt", RandomDna(10000000));
         data_.Write("medium.txt", RandomDna(200000));
     }
 

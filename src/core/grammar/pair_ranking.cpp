@@ -1,9 +1,19 @@
 #include "grammar/pair_ranking.h"
 
+#include <utility>
+
 namespace tessarin {
 
+// A node that held a pair and now holds a longer word must leave the ranking too.
+void PairRanking::Note(const RepeatTrie& trie, std::span<const std::int32_t> changed) {
+    for (const std::int32_t node : changed) {
+        const bool ranked = static_cast<std::size_t>(node) < handles_.size() && handles_[node].search >= 0;
+        if (ranked || trie.Depth(node) == 2) noted_.push_back(node);
+    }
+}
+
 void PairRanking::Update(RepeatTrie& trie) {
-    for (const std::int32_t node : trie.TakeChangedPairs()) {
+    for (const std::int32_t node : std::exchange(noted_, {})) {
         if (handles_.size() <= static_cast<std::size_t>(node)) handles_.resize(static_cast<std::size_t>(node) + 1);
         Handles& handles = handles_[node];
         if (handles.search >= 0) {

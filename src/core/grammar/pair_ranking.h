@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <tuple>
 #include <utility>
 #include <vector>
@@ -12,12 +13,14 @@ namespace tessarin {
 
 // The two-symbol words that repeat, ranked both as a fresh search orders them (falling count,
 // then by symbols) and as the list orders them after the overlaps are dropped (falling kept
-// count, then search order). Kept up to date from the pairs the trie reports changed, so the
+// count, then search order). Kept up to date from the nodes the trie reports changed, so the
 // pair search of a pass costs a logarithm of their number rather than a scan of them all, as
 // in Re-Pair's priority queue.
 class PairRanking {
   public:
-    // Takes in the pairs whose counts have changed in `trie` since the last update.
+    // Notes the pairs among nodes whose counts have changed, for the next update.
+    void Note(const RepeatTrie& trie, std::span<const std::int32_t> changed);
+    // Takes in the pairs noted since the last update.
     void Update(RepeatTrie& trie);
 
     int Size() const { return by_list_.Size(); }
@@ -33,6 +36,7 @@ class PairRanking {
     RankedSet<std::tuple<std::int32_t, std::int32_t, std::int32_t>> by_search_;              // -count, symbols
     RankedSet<std::tuple<std::int32_t, std::int32_t, std::int32_t, std::int32_t>> by_list_;  // -kept, -count, symbols
     std::vector<Handles> handles_;                                                           // per trie node
+    std::vector<std::int32_t> noted_;
 };
 
 }  // namespace tessarin

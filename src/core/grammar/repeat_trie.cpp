@@ -34,10 +34,10 @@ int RepeatTrie::GroupSize(int length) const {
     return static_cast<std::size_t>(length) < groups_.size() ? static_cast<int>(groups_[length].size()) : 0;
 }
 
-std::vector<std::int32_t> RepeatTrie::TakeChangedPairs() {
-    for (const std::int32_t node : changed_pairs_)
-        nodes_[node].pair_changed = false;
-    return std::exchange(changed_pairs_, {});
+std::vector<std::int32_t> RepeatTrie::TakeChangedNodes() {
+    for (const std::int32_t node : changed_nodes_)
+        nodes_[node].changed = false;
+    return std::exchange(changed_nodes_, {});
 }
 
 // ---- Paths ----
@@ -120,14 +120,14 @@ void RepeatTrie::LeaveGroup(std::int32_t index) {
     node.group_index = -1;
 }
 
-// A word's count is about to change: what was worked out from its occurrences is stale, and a
-// pair is listed for the ranking of the pairs.
+// A word's count is about to change: what was worked out from its occurrences is stale, and the
+// word is listed for the orders kept of the groups.
 void RepeatTrie::CountChanged(std::int32_t index) {
     Node& node = nodes_[index];
     node.kept = kUnknown;
-    if (node.depth == 2 && !node.pair_changed) {
-        node.pair_changed = true;
-        changed_pairs_.push_back(index);
+    if (!node.changed) {
+        node.changed = true;
+        changed_nodes_.push_back(index);
     }
 }
 

@@ -40,16 +40,28 @@ class RepeatTrie {
     int Depth(std::int32_t node) const { return nodes_[node].depth; }
     std::int32_t Parent(std::int32_t node) const { return nodes_[node].parent; }
     std::int32_t Symbol(std::int32_t node) const { return nodes_[node].symbol; }
+    // Its place in Group(Depth(node)), or -1 while the word does not repeat.
+    std::int32_t GroupIndex(std::int32_t node) const { return nodes_[node].group_index; }
+    // The words one symbol longer that repeat: from the first child, each to the next; -1 ends.
+    std::int32_t FirstChild(std::int32_t node) const { return nodes_[node].first_child; }
+    std::int32_t NextSibling(std::int32_t node) const { return nodes_[node].next_sibling; }
+    // False for a node that has gone (and for the root).
+    bool Alive(std::int32_t node) const { return nodes_[node].parent >= 0; }
     // The first slot where the word occurs.
     std::int32_t FirstOccurrence(std::int32_t node);
     // The number of occurrences left when each one that starts inside the last one kept is dropped.
     std::int32_t Kept(std::int32_t node);
+    // Kept(node) where it is known without listing the occurrences, -1 where it is not.
+    std::int32_t KnownKept(std::int32_t node) const {
+        const Node& word = nodes_[node];
+        return word.border == 0 ? word.count : word.kept;
+    }
     // Those occurrences, by their first and last slots, in text order.
     void KeptOccurrences(std::int32_t node, std::vector<std::int32_t>& starts, std::vector<std::int32_t>& ends);
 
-    // The nodes of two-symbol words whose count changed since the last call, some more than once;
-    // they may have gone or been taken for other words since.
-    std::vector<std::int32_t> TakeChangedPairs();
+    // The nodes whose count changed since the last call, each once; they may have gone, or been
+    // taken for other words, since.
+    std::vector<std::int32_t> TakeChangedNodes();
 
     // Replaces the occurrences starting at `starts` (in text order, not overlapping) of a word of
     // `length` symbols by `code`, and appends the rule `code` -> word.
@@ -79,7 +91,7 @@ class RepeatTrie {
         // The length of the longest proper prefix that is also a suffix, up to kLongBorder, which
         // stands for that length or more; two occurrences can overlap only when it is not 0.
         std::int8_t border = kUnknown;
-        bool pair_changed = false;  // listed in changed_pairs_
+        bool changed = false;  // listed in changed_nodes_
     };
 
     static std::uint64_t ChildKey(std::int32_t parent, std::int32_t symbol) {
@@ -132,7 +144,7 @@ class RepeatTrie {
     std::vector<std::int32_t> next_at_node_;
     std::vector<std::int32_t> prev_at_node_;
     std::vector<std::vector<std::int32_t>> groups_;  // per length
-    std::vector<std::int32_t> changed_pairs_;
+    std::vector<std::int32_t> changed_nodes_;
     std::vector<std::int32_t> pending_;  // slots waiting to be extended
 };
 

@@ -1,6 +1,7 @@
 #include "grammar/word_list_view.h"
 
 #include <algorithm>
+#include <numeric>
 #include <utility>
 
 #include "grammar/overlaps.h"
@@ -8,7 +9,9 @@
 namespace tessarin {
 
 WordListView::WordListView(std::span<const Rule> rules, int max_depth, RepeatTrie::Poll poll)
-    : trie_(rules, max_depth, std::move(poll)) {}
+    : trie_(rules, max_depth, std::move(poll)) {
+    NoteChanges();
+}
 
 int WordListView::TopTrieLength() const {
     return std::min(view_length_, trie_.GroupCount());
@@ -68,14 +71,6 @@ bool WordListView::SearchBefore(std::int32_t a, std::int32_t b) {
     }
 }
 
-// After the overlaps are dropped, a group is ordered by kept count and, among equal ones, as the
-// search left it.
-bool WordListView::ListBefore(std::int32_t a, std::int32_t b) {
-    const std::int32_t kept_a = trie_.Kept(a);
-    const std::int32_t kept_b = trie_.Kept(b);
-    return kept_a != kept_b ? kept_a > kept_b : SearchBefore(a, b);
-}
-
 WordListView::GroupOrder& WordListView::Order(int length) {
     if (orders_.size() <= static_cast<std::size_t>(length)) orders_.resize(static_cast<std::size_t>(length) + 1);
     GroupOrder& order = orders_[length];
@@ -97,39 +92,124 @@ WordListView::GroupOrder& WordListView::ScannedOrder(int length) {
     order.fewest_kept = 0;
     // The counts are only of use in a group left in search order: the scan ends at the first
     // word whose count dropping the overlaps lowered.
-    for (const std::int32_t node : trie_.Group(length)) {
-        const std::int32_t kept = trie_.Kept(node);
-        if (kept < trie_.Count(node)) {
+    auto take = [&order](std::int32_t kept, std::int32_t count) {
+        if (kept < count) {
             order.reordered = true;
-            break;
+            return false;
         }
         order.most_kept = std::max(order.most_kept, kept);
         order.fewest_kept = order.fewest_kept == 0 ? kept : std::min(order.fewest_kept, kept);
+        return true;
+    };
+    // A group a place has been picked out of is likely to be again: its copy is kept up to date
+    // and read in order. Other groups are read from the trie, as far as the scan goes.
+    if (Copied(length)) {
+        for (Keyed& word : KeyedGroup(length)) {
+            if (word.kept < 0) word.kept = trie_.Kept(word.node);
+            if (!take(word.kept, word.count)) break;
+        }
+    } else {
+        for (const std::int32_t node : trie_.Group(length)) {
+            if (!take(trie_.Kept(node), trie_.Count(node))) break;
+        }
     }
     return order;
 }
 
 void WordListView::SortGroup(int length, GroupOrder& order) {
-    std::vector<std::int32_t> search = trie_.Group(length);
-    std::sort(search.begin(), search.end(), [this](std::int32_t a, std::int32_t b) { return SearchBefore(a, b); });
+    std::vector<Keyed> search = KeyedGroup(length);
+    FillKept(search);
+    std::sort(search.begin(), search.end(), [this](const Keyed& a, const Keyed& b) { return SearchBefore(a, b); });
+    std::vector<std::int32_t> by_kept(search.size());
+    std::iota(by_kept.begin(), by_kept.end(), 0);
+    std::stable_sort(by_kept.begin(), by_kept.end(),
+                     [&search](std::int32_t a, std::int32_t b) { return search[a].kept > search[b].kept; });
     order.list.clear();
-    for (std::size_t i = 0; i < search.size(); ++i)
-        order.list.emplace_back(search[i], static_cast<std::int32_t>(i + 1));
-    std::stable_sort(order.list.begin(), order.list.end(),
-                     [this](const auto& a, const auto& b) { return trie_.Kept(a.first) > trie_.Kept(b.first); });
+    for (const std::int32_t index : by_kept)
+        order.list.emplace_back(search[index].node, index + 1);
+}
+
+// The search order on copied counts: the word's, then its nearest prefixes', and only where all
+// of those tie (children of one parent among them) the trie is walked.
+bool WordListView::SearchBefore(const Keyed& a, const Keyed& b) {
+    if (a.count != b.count) return a.count > b.count;
+    for (std::size_t level = 0; level < a.prefix_counts.size(); ++level) {
+        if (a.prefix_counts[level] != b.prefix_counts[level]) return a.prefix_counts[level] > b.prefix_counts[level];
+    }
+    return SearchBefore(a.node, b.node);
+}
+
+// After the overlaps are dropped, a group is ordered by kept count and, among equal ones, as the
+// search left it.
+bool WordListView::ListBefore(const Keyed& a, const Keyed& b) {
+    return a.kept != b.kept ? a.kept > b.kept : SearchBefore(a, b);
+}
+
+// The prefixes' counts are copied only while a walk from the word would reach them, past words
+// of 2 symbols (ordered by symbols) and children of one parent (whose prefixes' counts then all tie).
+WordListView::Keyed WordListView::ReadKeyed(std::int32_t node) {
+    Keyed keyed{trie_.KnownKept(node), trie_.Count(node), {}, node};
+    const int levels = std::clamp(trie_.Depth(node) - 2, 0, static_cast<int>(keyed.prefix_counts.size()));
+    std::int32_t prefix = node;
+    for (int level = 0; level < levels; ++level) {
+        prefix = trie_.Parent(prefix);
+        keyed.prefix_counts[static_cast<std::size_t>(level)] = trie_.Count(prefix);
+    }
+    return keyed;
+}
+
+std::vector<WordListView::Keyed>& WordListView::KeyedGroup(int length) {
+    if (keyed_.size() <= static_cast<std::size_t>(length)) keyed_.resize(static_cast<std::size_t>(length) + 1);
+    std::vector<Keyed>& keyed = keyed_[length];
+    const std::vector<std::int32_t>& group = trie_.Group(length);
+    // Words that joined the group, or moved within it as others left, are read again with the stale ones.
+    keyed.resize(group.size());
+    for (std::size_t i = 0; i < group.size(); ++i) {
+        if (keyed[i].node != group[i]) keyed[i] = ReadKeyed(group[i]);
+    }
+    return keyed;
+}
+
+void WordListView::FillKept(std::vector<Keyed>& words) {
+    for (Keyed& word : words) {
+        if (word.kept < 0) word.kept = trie_.Kept(word.node);
+    }
+}
+
+void WordListView::NoteChanges() {
+    const std::vector<std::int32_t> changed = trie_.TakeChangedNodes();
+    pairs_.Note(trie_, changed);
+    for (const std::int32_t node : changed) {
+        if (trie_.Alive(node)) MarkStale(node, 0);
+    }
+}
+
+void WordListView::MarkStale(std::int32_t node, int levels_below) {
+    const auto depth = static_cast<std::size_t>(trie_.Depth(node));
+    const std::int32_t index = trie_.GroupIndex(node);
+    if (depth < keyed_.size() && index >= 0 && static_cast<std::size_t>(index) < keyed_[depth].size() &&
+        keyed_[depth][static_cast<std::size_t>(index)].node == node) {
+        keyed_[depth][static_cast<std::size_t>(index)].node = -1;
+    }
+    // Only groups already copied need marking.
+    constexpr std::size_t kLevels = Keyed{}.prefix_counts.size();
+    bool copied_below = false;
+    for (std::size_t below = depth + 1; below <= depth + kLevels - static_cast<std::size_t>(levels_below); ++below)
+        copied_below = copied_below || Copied(static_cast<int>(below));
+    if (!copied_below) return;
+    for (std::int32_t child = trie_.FirstChild(node); child >= 0; child = trie_.NextSibling(child))
+        MarkStale(child, levels_below + 1);
 }
 
 // One place of a group in list order found without sorting the group: a scan for its first or
 // last word, a selection for any other, and a count of the words before it in search order for
 // its rank.
 WordListView::Placed WordListView::Select(int length, int offset) {
-    const std::vector<std::int32_t>& group = trie_.Group(length);
     // Where dropping the overlaps changed no count the list order is the search order: the place is the rank.
     const bool reordered = ScannedOrder(length).reordered;
-    auto before = [this, reordered](std::int32_t a, std::int32_t b) {
-        return reordered ? ListBefore(a, b) : SearchBefore(a, b);
-    };
-    std::vector<std::int32_t> selection = group;
+    std::vector<Keyed> selection = KeyedGroup(length);
+    FillKept(selection);
+    auto before = [this](const Keyed& a, const Keyed& b) { return ListBefore(a, b); };
     const auto place = selection.begin() + offset;
     if (offset == 0) {
         std::iter_swap(place, std::min_element(selection.begin(), selection.end(), before));
@@ -138,15 +218,15 @@ WordListView::Placed WordListView::Select(int length, int offset) {
     } else {
         std::nth_element(selection.begin(), place, selection.end(), before);
     }
-    const std::int32_t node = *place;
+    const Keyed chosen = *place;
     std::int32_t rank = offset + 1;
     if (reordered) {
         rank = 1;
-        for (const std::int32_t other : group) {
-            if (other != node && SearchBefore(other, node)) ++rank;
+        for (const Keyed& other : selection) {
+            if (other.node != chosen.node && SearchBefore(other, chosen)) ++rank;
         }
     }
-    return Placed{offset, node, rank};
+    return Placed{offset, chosen.node, rank};
 }
 
 // The node at a place of a trie group in list order, with its rank. A walk asks for one or two
@@ -299,6 +379,7 @@ std::int64_t WordListView::AddRule(int position, std::int32_t code) {
         trie_.KeptOccurrences(NodeAt(place.length, place.offset).first, starts, ends);
     }
     trie_.Replace(starts, place.length, code);
+    NoteChanges();
     extensions_.clear();
     ++generation_;
     return place.length - static_cast<std::int64_t>(starts.size()) * (place.length - 1);

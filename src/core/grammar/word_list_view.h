@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <span>
 #include <utility>
@@ -69,6 +70,15 @@ class WordListView {
         std::int32_t node = -1;
         std::int32_t rank = 0;
     };
+    // A word of a trie group with what the orders compare first, copied out of the trie because
+    // a pass compares the words of a group many times over and the nodes lie far apart in
+    // memory. Kept from pass to pass, and read again where the trie reports a count changed.
+    struct Keyed {
+        std::int32_t kept = 0;  // -1 until needed, where working it out lists the occurrences
+        std::int32_t count = 0;
+        std::array<std::int32_t, 3> prefix_counts{};  // of the prefixes one, two and three symbols shorter
+        std::int32_t node = -1;                       // -1: to be read again
+    };
     struct GroupOrder {
         std::int64_t generation = -1;
         // What one scan of the kept counts tells, once per pass: whether dropping the overlaps
@@ -90,11 +100,23 @@ class WordListView {
     int TopTrieLength() const;
     Place Locate(int position) const;
     bool SearchBefore(std::int32_t a, std::int32_t b);
-    bool ListBefore(std::int32_t a, std::int32_t b);
+    bool SearchBefore(const Keyed& a, const Keyed& b);
+    bool ListBefore(const Keyed& a, const Keyed& b);
     GroupOrder& Order(int length);
     // The group's order with its scan done.
     GroupOrder& ScannedOrder(int length);
     void SortGroup(int length, GroupOrder& order);
+    Keyed ReadKeyed(std::int32_t node);
+    bool Copied(int length) const {
+        return static_cast<std::size_t>(length) < keyed_.size() && !keyed_[length].empty();
+    }
+    // The group's words with their counts, in the trie's order of the group.
+    std::vector<Keyed>& KeyedGroup(int length);
+    void FillKept(std::vector<Keyed>& words);
+    // Takes in the words whose counts the last build or rule changed.
+    void NoteChanges();
+    // Marks the copies of the word and of the longer words that copy its count to be read again.
+    void MarkStale(std::int32_t node, int levels_below);
     Placed Select(int length, int offset);
     std::pair<std::int32_t, std::int32_t> NodeAt(int length, int offset);
     // The parents of the next extension in list order, each with its kept occurrences.
@@ -107,6 +129,7 @@ class WordListView {
     std::vector<Extension> extensions_;
     std::int64_t generation_ = 0;  // grows with every rule, so cached orders expire
     std::vector<GroupOrder> orders_;
+    std::vector<std::vector<Keyed>> keyed_;  // per length, once a group is looked at
 };
 
 }  // namespace tessarin
