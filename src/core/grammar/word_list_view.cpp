@@ -136,7 +136,17 @@ bool WordListView::SearchBefore(const Keyed& a, const Keyed& b) {
     for (std::size_t level = 0; level < a.prefix_counts.size(); ++level) {
         if (a.prefix_counts[level] != b.prefix_counts[level]) return a.prefix_counts[level] > b.prefix_counts[level];
     }
-    return SearchBefore(a.node, b.node);
+    // The walk goes on from the farthest prefix copied, unless the words meet nearer: then the
+    // first occurrences of the two words just short of the meeting decide.
+    std::int32_t short_of_a = a.node;
+    std::int32_t short_of_b = b.node;
+    for (std::size_t level = 0; level < a.prefixes.size() && a.prefixes[level] >= 0; ++level) {
+        if (a.prefixes[level] == b.prefixes[level])
+            return trie_.FirstOccurrence(short_of_a) < trie_.FirstOccurrence(short_of_b);
+        short_of_a = a.prefixes[level];
+        short_of_b = b.prefixes[level];
+    }
+    return SearchBefore(short_of_a, short_of_b);
 }
 
 // After the overlaps are dropped, a group is ordered by kept count and, among equal ones, as the
@@ -148,12 +158,16 @@ bool WordListView::ListBefore(const Keyed& a, const Keyed& b) {
 // The prefixes' counts are copied only while a walk from the word would reach them, past words
 // of 2 symbols (ordered by symbols) and children of one parent (whose prefixes' counts then all tie).
 WordListView::Keyed WordListView::ReadKeyed(std::int32_t node) {
-    Keyed keyed{trie_.KnownKept(node), trie_.Count(node), {}, node};
+    Keyed keyed;
+    keyed.kept = trie_.KnownKept(node);
+    keyed.count = trie_.Count(node);
+    keyed.node = node;
     const int levels = std::clamp(trie_.Depth(node) - 2, 0, static_cast<int>(keyed.prefix_counts.size()));
     std::int32_t prefix = node;
     for (int level = 0; level < levels; ++level) {
         prefix = trie_.Parent(prefix);
         keyed.prefix_counts[static_cast<std::size_t>(level)] = trie_.Count(prefix);
+        keyed.prefixes[static_cast<std::size_t>(level)] = prefix;
     }
     return keyed;
 }

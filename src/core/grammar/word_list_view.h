@@ -76,8 +76,9 @@ class WordListView {
     struct Keyed {
         std::int32_t kept = 0;  // -1 until needed, where working it out lists the occurrences
         std::int32_t count = 0;
-        std::array<std::int32_t, 3> prefix_counts{};  // of the prefixes one, two and three symbols shorter
-        std::int32_t node = -1;                       // -1: to be read again
+        std::array<std::int32_t, 3> prefix_counts{};       // of the prefixes one, two and three symbols shorter
+        std::array<std::int32_t, 3> prefixes{-1, -1, -1};  // their nodes, as far as counts are copied
+        std::int32_t node = -1;                            // -1: to be read again
     };
     struct GroupOrder {
         std::int64_t generation = -1;
