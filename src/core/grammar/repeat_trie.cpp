@@ -121,7 +121,7 @@ void RepeatTrie::LeaveGroup(std::int32_t index) {
 }
 
 // A word's count is about to change: what was worked out from its occurrences is stale, and the
-// word is listed for the orders kept of the groups.
+// word is listed for the copies of counts kept outside the trie.
 void RepeatTrie::CountChanged(std::int32_t index) {
     Node& node = nodes_[index];
     node.kept = kUnknown;

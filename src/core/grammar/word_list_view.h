@@ -130,7 +130,7 @@ class WordListView {
     std::vector<Extension> extensions_;
     std::int64_t generation_ = 0;  // grows with every rule, so cached orders expire
     std::vector<GroupOrder> orders_;
-    std::vector<std::vector<Keyed>> keyed_;  // per length, once a group is looked at
+    std::vector<std::vector<Keyed>> keyed_;  // per length, once a place is picked out of the group
 };
 
 }  // namespace tessarin

@@ -40,7 +40,7 @@ std::string RandomLetters(RandomGenerator& random, int length, int letters) {
 
 // Inputs whose longest repeats are far longer than a random sequence's: copies of hundreds of
 // symbols and of a thousand planted in random text (exact, or with one symbol changed), long runs
-// of one symbol and a long period-two stretch, alone and inside random text.
+// of one symbol and a long period-two stretch, alone and inside random text; and plain random text.
 std::vector<std::string> LongRepeatSequences() {
     RandomGenerator random(777);
     std::vector<std::string> texts;
@@ -58,6 +58,10 @@ std::vector<std::string> LongRepeatSequences() {
     for (int i = 0; i < 300; ++i)
         period_two += "GT";
     texts.push_back(RandomLetters(random, 200, 4) + period_two + "A" + period_two.substr(0, 401));
+    // Plain random text long enough for groups of thousands of words tied on their counts and
+    // their prefixes' counts, whose order is copied out of the trie and kept from pass to pass.
+    texts.push_back(RandomLetters(random, 2500, 4));
+    texts.push_back(RandomLetters(random, 2500, 2));
     return texts;
 }
 
