@@ -105,8 +105,7 @@ WordListView::GroupOrder& WordListView::ScannedOrder(int length) {
     // and read in order. Other groups are read from the trie, as far as the scan goes.
     if (Copied(length)) {
         for (Keyed& word : KeyedGroup(length)) {
-            if (word.kept < 0) word.kept = trie_.Kept(word.node);
-            if (!take(word.kept, word.count)) break;
+            if (!take(KeptOf(word), word.count)) break;
         }
     } else {
         for (const std::int32_t node : trie_.Group(length)) {
@@ -117,8 +116,7 @@ WordListView::GroupOrder& WordListView::ScannedOrder(int length) {
 }
 
 void WordListView::SortGroup(int length, GroupOrder& order) {
-    std::vector<Keyed> search = KeyedGroup(length);
-    FillKept(search);
+    std::vector<Keyed> search = KeptGroup(length);
     std::sort(search.begin(), search.end(), [this](const Keyed& a, const Keyed& b) { return SearchBefore(a, b); });
     std::vector<std::int32_t> by_kept(search.size());
     std::iota(by_kept.begin(), by_kept.end(), 0);
@@ -129,8 +127,8 @@ void WordListView::SortGroup(int length, GroupOrder& order) {
         order.list.emplace_back(search[index].node, index + 1);
 }
 
-// The search order on copied counts: the word's, then its nearest prefixes', and only where all
-// of those tie (children of one parent among them) the trie is walked.
+// The search order on copied counts: the word's, then its nearest prefixes'. Only where all of
+// those tie is the trie read, for first occurrences or the counts of farther prefixes.
 bool WordListView::SearchBefore(const Keyed& a, const Keyed& b) {
     if (a.count != b.count) return a.count > b.count;
     for (std::size_t level = 0; level < a.prefix_counts.size(); ++level) {
@@ -184,10 +182,17 @@ std::vector<WordListView::Keyed>& WordListView::KeyedGroup(int length) {
     return keyed;
 }
 
-void WordListView::FillKept(std::vector<Keyed>& words) {
-    for (Keyed& word : words) {
-        if (word.kept < 0) word.kept = trie_.Kept(word.node);
-    }
+std::int32_t WordListView::KeptOf(Keyed& word) {
+    if (word.kept < 0) word.kept = trie_.Kept(word.node);
+    return word.kept;
+}
+
+// The copy with every kept count worked out, which then stay worked out until a count changes.
+std::vector<WordListView::Keyed>& WordListView::KeptGroup(int length) {
+    std::vector<Keyed>& words = KeyedGroup(length);
+    for (Keyed& word : words)
+        KeptOf(word);
+    return words;
 }
 
 void WordListView::NoteChanges() {
@@ -221,8 +226,7 @@ void WordListView::MarkStale(std::int32_t node, int levels_below) {
 WordListView::Placed WordListView::Select(int length, int offset) {
     // Where dropping the overlaps changed no count the list order is the search order: the place is the rank.
     const bool reordered = ScannedOrder(length).reordered;
-    std::vector<Keyed> selection = KeyedGroup(length);
-    FillKept(selection);
+    std::vector<Keyed> selection = KeptGroup(length);
     auto before = [this](const Keyed& a, const Keyed& b) { return ListBefore(a, b); };
     const auto place = selection.begin() + offset;
     if (offset == 0) {

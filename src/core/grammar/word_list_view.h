@@ -113,7 +113,8 @@ class WordListView {
     }
     // The group's words with their counts, in the trie's order of the group.
     std::vector<Keyed>& KeyedGroup(int length);
-    void FillKept(std::vector<Keyed>& words);
+    std::int32_t KeptOf(Keyed& word);
+    std::vector<Keyed>& KeptGroup(int length);
     // Takes in the words whose counts the last build or rule changed.
     void NoteChanges();
     // Marks the copies of the word and of the longer words that copy its count to be read again.
