@@ -33,6 +33,22 @@ bool FitsInEightBits(const QString& text) {
     return true;
 }
 
+// One line of millions of characters takes seconds to lay out (10,000,000 take about 9 s), and the
+// window, with the keys that cancel a run, waits meanwhile; lines of 10,000 lay out at once. Reading a
+// sequence drops line breaks, so a saved copy of a sequence reads back the same.
+constexpr qsizetype kLongestShownLine = 10000;
+
+QString InLinesOfAtMost(const QString& text, qsizetype longest) {
+    if (text.size() <= longest || text.contains('\n') || text.contains('\r')) return text;
+    QString lines;
+    lines.reserve(text.size() + text.size() / longest);
+    for (qsizetype start = 0; start < text.size(); start += longest) {
+        if (start > 0) lines += '\n';
+        lines += QStringView(text).mid(start, longest);
+    }
+    return lines;
+}
+
 }  // namespace
 
 TextForm::TextForm() : editor_(new QPlainTextEdit(this)) {
@@ -67,7 +83,7 @@ TextForm* TextForm::ForText(const QString& caption, const QString& text) {
     // A text from memory is usually a sequence on one long line: wrap it to the window.
     form->editor_->setLineWrapMode(QPlainTextEdit::WidgetWidth);
     form->editor_->setWordWrapMode(QTextOption::WrapAnywhere);
-    form->editor_->setPlainText(text);
+    form->editor_->setPlainText(InLinesOfAtMost(text, kLongestShownLine));
     form->setWindowTitle(caption);
     return form;
 }

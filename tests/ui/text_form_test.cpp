@@ -61,6 +61,20 @@ class TextFormTest : public QObject {
         QCOMPARE(folder_.Read("euro.txt"), "price\r\n");
     }
 
+    // Catches a long sequence shown on one line, which freezes the window for seconds, or split
+    // so that symbols are lost or added.
+    void longSequenceIsShownInLines() {
+        QString sequence(25000, 'A');
+        for (qsizetype i = 0; i < sequence.size(); ++i)
+            sequence[i] = QChar("ACGT"[i % 7 % 4]);
+        std::unique_ptr<TextForm> form(TextForm::ForText("Input Sequence: long.txt", sequence));
+        const QString shown = form->Text();
+        QCOMPARE(shown.count('\n'), 2);
+        QCOMPARE(QString(shown).remove('\n'), sequence);
+        std::unique_ptr<TextForm> short_form(TextForm::ForText("Input Sequence: short.txt", "ACGT"));
+        QCOMPARE(short_form->Text(), "ACGT");
+    }
+
     // Catches a missing file opening an empty window instead of saying why.
     void unreadableFileGivesAReason() {
         QString error;
