@@ -1,5 +1,6 @@
 #include "ui/text_form.h"
 
+#include <QAction>
 #include <QCloseEvent>
 #include <QFile>
 #include <QFileInfo>
@@ -8,8 +9,11 @@
 #include <QPlainTextEdit>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QStatusBar>
+#include <QStringList>
 #include <QTextCursor>
 #include <QTextDocument>
+#include <algorithm>
 
 #include "logfile/log_file.h"
 #include "ui/file_dialog.h"
@@ -34,19 +38,38 @@ bool FitsInEightBits(const QString& text) {
 }
 
 // One line of millions of characters takes seconds to lay out (10,000,000 take about 9 s), and the
-// window, with the keys that cancel a run, waits meanwhile; lines of 10,000 lay out at once. Reading a
-// sequence drops line breaks, so a saved copy of a sequence reads back the same.
+// window, with the keys that cancel a run, waits meanwhile; lines of 10,000 lay out at once. The
+// start rule of a genome's grammar is such a line, and so is a sequence held in memory (reading a
+// sequence drops line breaks, so a saved copy of one reads back the same).
 constexpr qsizetype kLongestShownLine = 10000;
 
-QString InLinesOfAtMost(const QString& text, qsizetype longest) {
-    if (text.size() <= longest || text.contains('\n') || text.contains('\r')) return text;
-    QString lines;
-    lines.reserve(text.size() + text.size() / longest);
-    for (qsizetype start = 0; start < text.size(); start += longest) {
-        if (start > 0) lines += '\n';
-        lines += QStringView(text).mid(start, longest);
+// A report can run to gigabytes (every repeated word of a genome), which no window can hold, and
+// tens of megabytes already take seconds to lay out: a larger file is shown up to here.
+constexpr qint64 kLargestShownFile = qint64{16} << 20;
+
+// Breaks every line longer than `longest` characters into lines of that many; answers whether
+// there was one.
+bool BreakLongLines(QString& text, qsizetype longest) {
+    QString broken;
+    bool any = false;
+    for (qsizetype start = 0; start < text.size();) {
+        qsizetype end = text.indexOf('\n', start);
+        if (end < 0) end = text.size();
+        if (end - start > longest && !any) {
+            any = true;
+            broken = text.left(start);
+        }
+        if (any) {
+            for (qsizetype piece = start; piece < end; piece += longest) {
+                if (piece > start) broken += '\n';
+                broken += QStringView(text).mid(piece, std::min(longest, end - piece));
+            }
+            if (end < text.size()) broken += '\n';
+        }
+        start = end + 1;
     }
-    return lines;
+    if (any) text = std::move(broken);
+    return any;
 }
 
 }  // namespace
@@ -67,15 +90,39 @@ TextForm* TextForm::ForFile(const QString& path, QString* error) {
         if (error != nullptr) *error = "Cannot read the file " + path;
         return nullptr;
     }
-    const QByteArray bytes = file.readAll();
+    const qint64 size = file.size();
+    const bool partial = size > kLargestShownFile;
+    QByteArray bytes = partial ? file.read(kLargestShownFile) : file.readAll();
+    // The part shown ends with a whole line, where the file has lines.
+    if (const qsizetype last_line_end = bytes.lastIndexOf('\n'); partial && last_line_end >= 0)
+        bytes.truncate(last_line_end + 1);
     auto* form = new TextForm();
     form->path_ = path;
     form->line_end_ = LineEndOf(bytes);
     QString text = QString::fromLatin1(bytes);
     text.replace("\r\n", "\n").replace('\r', '\n');
+    QStringList changes;
+    if (partial) {
+        constexpr double kMegabyte = 1 << 20;
+        changes << QString("only the first %1 MB of %2 MB are shown")
+                       .arg(kLargestShownFile / kMegabyte, 0, 'f', 0)
+                       .arg(static_cast<double>(size) / kMegabyte, 0, 'f', 1);
+    }
+    if (BreakLongLines(text, kLongestShownLine))
+        changes << QString("lines longer than %1 characters are shown broken").arg(kLongestShownLine);
     form->editor_->setPlainText(text);
     form->setWindowTitle(path);
+    if (!changes.isEmpty()) form->ShowReadOnly("Read only: " + changes.join(" and ") + "; the file is whole.");
     return form;
+}
+
+// The window does not show the file as it is: nothing it does may write what it shows over the file.
+void TextForm::ShowReadOnly(const QString& why) {
+    editor_->setReadOnly(true);
+    for (const char* name : {"File_Clear", "File_Save", "File_SaveAs"})
+        findChild<QAction*>(name)->setEnabled(false);
+    read_only_ = true;
+    statusBar()->showMessage(why);
 }
 
 TextForm* TextForm::ForText(const QString& caption, const QString& text) {
@@ -83,7 +130,9 @@ TextForm* TextForm::ForText(const QString& caption, const QString& text) {
     // A text from memory is usually a sequence on one long line: wrap it to the window.
     form->editor_->setLineWrapMode(QPlainTextEdit::WidgetWidth);
     form->editor_->setWordWrapMode(QTextOption::WrapAnywhere);
-    form->editor_->setPlainText(InLinesOfAtMost(text, kLongestShownLine));
+    QString shown = text;
+    BreakLongLines(shown, kLongestShownLine);
+    form->editor_->setPlainText(shown);
     form->setWindowTitle(caption);
     return form;
 }
@@ -109,11 +158,13 @@ QString TextForm::Text() const {
 }
 
 bool TextForm::Save() {
+    if (read_only_) return false;
     if (path_.isEmpty()) return SaveAs();
     return WriteTo(path_);
 }
 
 bool TextForm::SaveAs() {
+    if (read_only_) return false;
     const QFileInfo current(path_);
     const std::filesystem::path start = path_.isEmpty() ? std::filesystem::path() : ToPath(current.absoluteFilePath());
     const auto choice = ChooseFileWithDialog(this, FileDialogKind::kSave, start, "*.txt");

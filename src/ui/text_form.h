@@ -28,7 +28,8 @@ class TextForm : public QMainWindow {
     const QString& FilePath() const { return path_; }
 
     // Save writes back to the window's file (asking for one when it has none); both answer
-    // whether the text was written.
+    // whether the text was written. A window that does not show its file as it is (a large file's start, long lines
+    // broken) writes nothing.
     bool Save();
     bool SaveAs();
 
@@ -39,6 +40,7 @@ class TextForm : public QMainWindow {
     TextForm();
     void BuildMenu();
     bool WriteTo(const QString& path);
+    void ShowReadOnly(const QString& why);
     void PrintSelectedText();
     void PrintFile();
     void PrintText(const QString& text);
@@ -46,6 +48,7 @@ class TextForm : public QMainWindow {
     QPlainTextEdit* editor_;
     QString path_;
     QString line_end_ = "\r\n";  // the file's own line end, kept when it is saved
+    bool read_only_ = false;     // the window does not show the file as it is
 };
 
 }  // namespace tessarin

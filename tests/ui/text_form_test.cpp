@@ -1,7 +1,9 @@
 #include "ui/text_form.h"
 
+#include <QAction>
 #include <QMessageBox>
 #include <QPlainTextEdit>
+#include <QStatusBar>
 #include <QTest>
 
 #include "modal_answer.h"
@@ -73,6 +75,38 @@ class TextFormTest : public QObject {
         QCOMPARE(QString(shown).remove('\n'), sequence);
         std::unique_ptr<TextForm> short_form(TextForm::ForText("Input Sequence: short.txt", "ACGT"));
         QCOMPARE(short_form->Text(), "ACGT");
+    }
+
+    // Catches a report of gigabytes read whole (the program runs out of memory or stops for
+    // minutes), a part cut inside a line, or a part saved over the whole report.
+    void largeFileIsShownInPartAndNotSaved() {
+        std::string report;
+        int lines = 0;
+        for (; report.size() <= (std::size_t{17} << 20); ++lines)
+            report += "Word ACGTACGTACGTACGT occurs " + std::to_string(lines) + " times\r\n";
+        folder_.Write("large.log", report);
+        std::unique_ptr<TextForm> form(TextForm::ForFile(Path("large.log"), nullptr));
+        QVERIFY(form != nullptr);
+        const QString shown = form->Text();
+        QVERIFY(shown.count('\n') < lines && shown.count('\n') > lines / 2);
+        QVERIFY(shown.endsWith(" times\n"));
+        QVERIFY(!form->statusBar()->currentMessage().isEmpty());
+        QVERIFY(!form->Save());
+        QVERIFY(!form->findChild<QAction*>("File_Clear")->isEnabled());
+        QCOMPARE(folder_.Read("large.log").size(), report.size());
+    }
+
+    // Catches a report line of millions of symbols (a genome's start rule) laid out whole, which
+    // freezes the window for seconds, or broken in a window that can still save over the file.
+    void longLinesAreShownBrokenAndNotSaved() {
+        const std::string rule(25000, 'G');
+        folder_.Write("grammar.log", "Rule 0: [0] -> {" + rule + "}\r\nRule 1: [5] -> {AC}\r\n");
+        std::unique_ptr<TextForm> form(TextForm::ForFile(Path("grammar.log"), nullptr));
+        const QString shown = form->Text();
+        QCOMPARE(shown.count('\n'), 4);
+        QCOMPARE(QString(shown).remove('\n'),
+                 QString::fromStdString("Rule 0: [0] -> {" + rule + "}Rule 1: [5] -> {AC}"));
+        QVERIFY(!form->Save());
     }
 
     // Catches a missing file opening an empty window instead of saying why.
