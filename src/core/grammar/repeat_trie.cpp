@@ -397,12 +397,72 @@ void RepeatTrie::KeptOccurrences(std::int32_t index, std::vector<std::int32_t>& 
 std::int32_t RepeatTrie::Kept(std::int32_t index) {
     if (nodes_[index].border == 0 || !SelfOverlaps(index)) return nodes_[index].count;
     if (nodes_[index].kept == kUnknown) {
-        std::vector<std::int32_t> starts;
-        std::vector<std::int32_t> ends;
-        KeptOccurrences(index, starts, ends);
-        nodes_[index].kept = static_cast<std::int32_t>(starts.size());
+        std::int32_t kept = KeptFromPeriods(index);
+        if (kept == kUnknown) {
+            std::vector<std::int32_t> starts;
+            std::vector<std::int32_t> ends;
+            KeptOccurrences(index, starts, ends);
+            kept = static_cast<std::int32_t>(starts.size());
+        }
+        nodes_[index].kept = kept;
     }
     return nodes_[index].kept;
+}
+
+// A word whose one border is b can overlap itself only at distance p = L - b, which is at least
+// L / 2: its occurrences fall into chains, each overlapping the one before, and of a chain of m
+// every second one is dropped, ceil(m / 2) kept. The word continued by k periods, E(k), occurs
+// wherever a chain has k more occurrences, so the chains of m > k number count(E(k)) - count(E(k + 1)),
+// and the kept count is count(E(0)) - count(E(1)) + count(E(2)) - ... The counts are read off the
+// trie along the periods, a few steps as a rule, instead of listing the occurrences, which a short
+// word of a genome has by the thousand and a word of a long repeat finds only at the end of the
+// repeat. Answers kUnknown for any other word, or where the trie stops short.
+std::int32_t RepeatTrie::KeptFromPeriods(std::int32_t index) const {
+    const Node& word = nodes_[index];
+    if (word.border <= 0 || word.border == kLongBorder || word.first_occurrence == kUnknown) return kUnknown;
+    // The prefix of the border's length, reached by the word's first symbols: a border of its own
+    // would be a second border of the word.
+    std::int32_t at = kRoot;
+    std::int32_t slot = word.first_occurrence;
+    for (int i = 0; i < word.border; ++i, slot = text_.Next(slot))
+        at = children_.Find(ChildKey(at, text_.Symbol(slot)));
+    if (nodes_[at].border != 0) return kUnknown;
+
+    // The symbols of a period, read from the word's first occurrence as far as the walk needs them.
+    const int period = word.depth - word.border;
+    std::vector<std::int32_t> repeated;
+    std::int32_t kept = word.count;
+    std::int32_t sign = -1;
+    at = index;
+    for (int depth = word.depth;;) {
+        for (int step = 0; step < period; ++step, ++depth) {
+            if (depth >= max_depth_) return kUnknown;
+            if (static_cast<int>(repeated.size()) == step) {
+                repeated.push_back(text_.Symbol(slot));
+                slot = text_.Next(slot);
+            }
+            const std::int32_t found = children_.Find(ChildKey(at, repeated[static_cast<std::size_t>(step)]));
+            if (found < 0) return kept;
+            if ((found & kLeaf) != 0) {
+                // One occurrence goes on from here: each further period it runs to is one more term.
+                std::int32_t next = text_.Next(end_slot_[found & ~kLeaf]);
+                for (int from = step;; from = 0, sign = -sign) {
+                    for (int more = from; more < period; ++more, next = text_.Next(next)) {
+                        if (next < 0) return kept;
+                        if (static_cast<int>(repeated.size()) == more) {
+                            repeated.push_back(text_.Symbol(slot));
+                            slot = text_.Next(slot);
+                        }
+                        if (text_.Symbol(next) != repeated[static_cast<std::size_t>(more)]) return kept;
+                    }
+                    kept += sign;
+                }
+            }
+            at = found;
+        }
+        kept += sign * nodes_[at].count;
+        sign = -sign;
+    }
 }
 
 }  // namespace tessarin

@@ -123,6 +123,9 @@ class RepeatTrie {
     void RemoveSlot(std::int32_t node, std::int32_t slot);
     void CountChanged(std::int32_t node);
     bool SelfOverlaps(std::int32_t node);
+    // Kept(node) for a word with one border, from the counts of the word continued by its period;
+    // kUnknown for any other word.
+    std::int32_t KeptFromPeriods(std::int32_t node) const;
     // The slots of every occurrence of the word, in no order.
     void Occurrences(std::int32_t node, std::vector<std::int32_t>& slots) const;
 
