@@ -93,9 +93,11 @@ TextForm* TextForm::ForFile(const QString& path, QString* error) {
     const qint64 size = file.size();
     const bool partial = size > kLargestShownFile;
     QByteArray bytes = partial ? file.read(kLargestShownFile) : file.readAll();
-    // The part shown ends with a whole line, where the file has lines.
-    if (const qsizetype last_line_end = bytes.lastIndexOf('\n'); partial && last_line_end >= 0)
-        bytes.truncate(last_line_end + 1);
+    if (partial) {
+        // The part shown ends with a whole line, where the file has lines.
+        const qsizetype last_line_end = bytes.lastIndexOf('\n');
+        if (last_line_end >= 0) bytes.truncate(last_line_end + 1);
+    }
     auto* form = new TextForm();
     form->path_ = path;
     form->line_end_ = LineEndOf(bytes);

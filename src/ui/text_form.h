@@ -28,8 +28,8 @@ class TextForm : public QMainWindow {
     const QString& FilePath() const { return path_; }
 
     // Save writes back to the window's file (asking for one when it has none); both answer
-    // whether the text was written. A window that does not show its file as it is (a large file's start, long lines
-    // broken) writes nothing.
+    // whether the text was written. A window that does not show its file as it is (a large
+    // file's start, long lines broken) writes nothing.
     bool Save();
     bool SaveAs();
 
