@@ -35,8 +35,13 @@ int RepeatTrie::GroupSize(int length) const {
 }
 
 std::vector<std::int32_t> RepeatTrie::TakeChangedNodes() {
-    for (const std::int32_t node : changed_nodes_)
+    for (const std::int32_t node : taken_changed_)
+        nodes_[node].taken_as_changed = false;
+    for (const std::int32_t node : changed_nodes_) {
         nodes_[node].changed = false;
+        nodes_[node].taken_as_changed = true;
+    }
+    taken_changed_ = changed_nodes_;
     return std::exchange(changed_nodes_, {});
 }
 
@@ -199,8 +204,10 @@ std::uint64_t RepeatTrie::LeafKey(std::int32_t slot) const {
     return children_.Find(key) == (kLeaf | slot) ? key : kNoLeaf;
 }
 
-int RepeatTrie::Reach(std::int32_t slot) const {
-    return nodes_[path_end_[slot]].depth + (LeafKey(slot) != kNoLeaf ? 1 : 0);
+bool RepeatTrie::ReachesPast(std::int32_t slot, int length) const {
+    // Only a path that ends at that length needs its leaf looked up.
+    const int depth = nodes_[path_end_[slot]].depth;
+    return depth != length ? depth > length : LeafKey(slot) != kNoLeaf;
 }
 
 void RepeatTrie::DropLeaf(std::int32_t slot) {
@@ -284,7 +291,7 @@ void RepeatTrie::Replace(const std::vector<std::int32_t>& starts, int length, st
     for (const std::int32_t start : starts) {
         // Paths are monotone: if the one from a slot does not reach the occurrence, no earlier one does.
         std::int32_t before = text_.Prev(start);
-        for (int distance = 1; before >= 0 && Reach(before) > distance; ++distance) {
+        for (int distance = 1; before >= 0 && ReachesPast(before, distance); ++distance) {
             cuts.push_back(CutBack{before, distance, text_.Prev(start)});
             before = text_.Prev(before);
         }

@@ -62,6 +62,8 @@ class RepeatTrie {
     // The nodes whose count changed since the last call, each once; they may have gone, or been
     // taken for other words, since.
     std::vector<std::int32_t> TakeChangedNodes();
+    // Whether the node is among those the last TakeChangedNodes answered.
+    bool TakenAsChanged(std::int32_t node) const { return nodes_[node].taken_as_changed; }
 
     // Replaces the occurrences starting at `starts` (in text order, not overlapping) of a word of
     // `length` symbols by `code`, and appends the rule `code` -> word.
@@ -91,7 +93,8 @@ class RepeatTrie {
         // The length of the longest proper prefix that is also a suffix, up to kLongBorder, which
         // stands for that length or more; two occurrences can overlap only when it is not 0.
         std::int8_t border = kUnknown;
-        bool changed = false;  // listed in changed_nodes_
+        bool changed = false;           // listed in changed_nodes_
+        bool taken_as_changed = false;  // listed in taken_changed_
     };
 
     static std::uint64_t ChildKey(std::int32_t parent, std::int32_t symbol) {
@@ -110,8 +113,9 @@ class RepeatTrie {
     void Collapse(std::int32_t node);
     // The child-table key of the slot's leaf, or kNoLeaf when its path ends without one.
     std::uint64_t LeafKey(std::int32_t slot) const;
-    // How long the words that start at the slot and are in the trie are, its leaf included.
-    int Reach(std::int32_t slot) const;
+    // Whether the words that start at the slot and are in the trie, its leaf included, run
+    // longer than `length` symbols.
+    bool ReachesPast(std::int32_t slot, int length) const;
     void DropLeaf(std::int32_t slot);
     std::int32_t NewNode(std::int32_t parent, std::int32_t symbol);
     // The border of a new node's word from its parent's, the word read at `start` in the text.
@@ -148,7 +152,8 @@ class RepeatTrie {
     std::vector<std::int32_t> prev_at_node_;
     std::vector<std::vector<std::int32_t>> groups_;  // per length
     std::vector<std::int32_t> changed_nodes_;
-    std::vector<std::int32_t> pending_;  // slots waiting to be extended
+    std::vector<std::int32_t> taken_changed_;  // as the last TakeChangedNodes answered
+    std::vector<std::int32_t> pending_;        // slots waiting to be extended
 };
 
 }  // namespace tessarin

@@ -20,6 +20,7 @@ int WordListView::TopTrieLength() const {
 void WordListView::Search(int max_length) {
     view_length_ = std::min(max_length, trie_.max_depth());
     extensions_.clear();
+    cursor_ = GroupCursor{};
 }
 
 int WordListView::WordCount() const {
@@ -39,20 +40,31 @@ int WordListView::LastLength() const {
     return 0;
 }
 
-WordListView::Place WordListView::Locate(int position) const {
-    int offset = position - 1;
-    if (offset < trie_.GroupSize(1)) return Place{1, offset, -1};
-    offset -= trie_.GroupSize(1);
-    for (int length = 2; length <= TopTrieLength(); ++length) {
-        if (offset < trie_.GroupSize(length)) return Place{length, offset, -1};
-        offset -= trie_.GroupSize(length);
+int WordListView::GroupSizeAt(int group) const {
+    const int top = TopTrieLength();
+    return group < top ? trie_.GroupSize(group + 1)
+                       : static_cast<int>(extensions_[static_cast<std::size_t>(group - top)].words.size());
+}
+
+// Moves from the group located last, as a walk asks about the groups one after another; counting
+// from the front each time would cost a step per length, thousands where a long repeat or run is.
+WordListView::Place WordListView::Locate(int position) {
+    const int groups = TopTrieLength() + static_cast<int>(extensions_.size());
+    GroupCursor& at = cursor_;
+    while (at.group > 0 && position < at.first_position) {
+        --at.group;
+        at.first_position -= GroupSizeAt(at.group);
     }
-    for (std::size_t e = 0; e < extensions_.size(); ++e) {
-        const int size = static_cast<int>(extensions_[e].words.size());
-        if (offset < size) return Place{extensions_[e].length, offset, static_cast<int>(e)};
-        offset -= size;
+    while (at.group < groups && position >= at.first_position + GroupSizeAt(at.group)) {
+        at.first_position += GroupSizeAt(at.group);
+        ++at.group;
     }
-    return Place{0, 0, -1};
+    if (at.group == groups) return Place{0, 0, -1};
+    const int offset = position - at.first_position;
+    const int top = TopTrieLength();
+    if (at.group < top) return Place{at.group + 1, offset, -1};
+    const int extension = at.group - top;
+    return Place{extensions_[static_cast<std::size_t>(extension)].length, offset, extension};
 }
 
 // The order of the search within a length: falling count; ties by the order of the parents in
@@ -105,7 +117,7 @@ WordListView::GroupOrder& WordListView::ScannedOrder(int length) {
     // and read in order. Other groups are read from the trie, as far as the scan goes.
     if (Copied(length)) {
         for (Keyed& word : KeyedGroup(length)) {
-            if (!take(KeptOf(word), word.count)) break;
+            if (!take(KeptOf(word), word.Count())) break;
         }
     } else {
         for (const std::int32_t node : trie_.Group(length)) {
@@ -130,10 +142,8 @@ void WordListView::SortGroup(int length, GroupOrder& order) {
 // The search order on copied counts: the word's, then its nearest prefixes'. Only where all of
 // those tie is the trie read, for first occurrences or the counts of farther prefixes.
 bool WordListView::SearchBefore(const Keyed& a, const Keyed& b) {
-    if (a.count != b.count) return a.count > b.count;
-    for (std::size_t level = 0; level < a.prefix_counts.size(); ++level) {
-        if (a.prefix_counts[level] != b.prefix_counts[level]) return a.prefix_counts[level] > b.prefix_counts[level];
-    }
+    if (a.counts[0] != b.counts[0]) return a.counts[0] > b.counts[0];
+    if (a.counts[1] != b.counts[1]) return a.counts[1] > b.counts[1];
     // The walk goes on from the farthest prefix copied, unless the words meet nearer: then the
     // first occurrences of the two words just short of the meeting decide.
     std::int32_t short_of_a = a.node;
@@ -158,15 +168,16 @@ bool WordListView::ListBefore(const Keyed& a, const Keyed& b) {
 WordListView::Keyed WordListView::ReadKeyed(std::int32_t node) {
     Keyed keyed;
     keyed.kept = trie_.KnownKept(node);
-    keyed.count = trie_.Count(node);
     keyed.node = node;
-    const int levels = std::clamp(trie_.Depth(node) - 2, 0, static_cast<int>(keyed.prefix_counts.size()));
+    std::array<std::uint32_t, Keyed::kLevels + 1> counts{static_cast<std::uint32_t>(trie_.Count(node))};
+    const int levels = std::clamp(trie_.Depth(node) - 2, 0, Keyed::kLevels);
     std::int32_t prefix = node;
     for (int level = 0; level < levels; ++level) {
         prefix = trie_.Parent(prefix);
-        keyed.prefix_counts[static_cast<std::size_t>(level)] = trie_.Count(prefix);
+        counts[static_cast<std::size_t>(level) + 1] = static_cast<std::uint32_t>(trie_.Count(prefix));
         keyed.prefixes[static_cast<std::size_t>(level)] = prefix;
     }
+    keyed.counts = {std::uint64_t{counts[0]} << 32 | counts[1], std::uint64_t{counts[2]} << 32 | counts[3]};
     return keyed;
 }
 
@@ -211,13 +222,14 @@ void WordListView::MarkStale(std::int32_t node, int levels_below) {
         keyed_[depth][static_cast<std::size_t>(index)].node = -1;
     }
     // Only groups already copied need marking.
-    constexpr std::size_t kLevels = Keyed{}.prefix_counts.size();
+    constexpr auto kLevels = static_cast<std::size_t>(Keyed::kLevels);
     bool copied_below = false;
     for (std::size_t below = depth + 1; below <= depth + kLevels - static_cast<std::size_t>(levels_below); ++below)
         copied_below = copied_below || Copied(static_cast<int>(below));
     if (!copied_below) return;
     for (std::int32_t child = trie_.FirstChild(node); child >= 0; child = trie_.NextSibling(child))
-        MarkStale(child, levels_below + 1);
+        // A child that changed itself is marked with the levels below it on its own turn.
+        if (!trie_.TakenAsChanged(child)) MarkStale(child, levels_below + 1);
 }
 
 // One place of a group in list order found without sorting the group: a scan for its first or
@@ -399,6 +411,7 @@ std::int64_t WordListView::AddRule(int position, std::int32_t code) {
     trie_.Replace(starts, place.length, code);
     NoteChanges();
     extensions_.clear();
+    cursor_ = GroupCursor{};
     ++generation_;
     return place.length - static_cast<std::int64_t>(starts.size()) * (place.length - 1);
 }

@@ -74,11 +74,15 @@ class WordListView {
     // a pass compares the words of a group many times over and the nodes lie far apart in
     // memory. Kept from pass to pass, and read again where the trie reports a count changed.
     struct Keyed {
+        static constexpr int kLevels = 3;
+        // The count, then the counts of the prefixes one, two and three symbols shorter, 32 bits
+        // each: two comparisons of 64-bit halves follow the search order over all four.
+        std::array<std::uint64_t, 2> counts{};
         std::int32_t kept = 0;  // -1 until needed, where working it out lists the occurrences
-        std::int32_t count = 0;
-        std::array<std::int32_t, 3> prefix_counts{};       // of the prefixes one, two and three symbols shorter
-        std::array<std::int32_t, 3> prefixes{-1, -1, -1};  // their nodes, as far as counts are copied
-        std::int32_t node = -1;                            // -1: to be read again
+        std::array<std::int32_t, kLevels> prefixes{-1, -1, -1};  // their nodes, as far as counts are copied
+        std::int32_t node = -1;                                  // -1: to be read again
+
+        std::int32_t Count() const { return static_cast<std::int32_t>(counts[0] >> 32); }
     };
     struct GroupOrder {
         std::int64_t generation = -1;
@@ -98,8 +102,16 @@ class WordListView {
         int extension = -1;  // index into extensions_, -1 for a group of the trie
     };
 
+    // Where a group starts in the list: groups count from 0 for the single symbols, the
+    // trie's by length and then the extensions.
+    struct GroupCursor {
+        int group = 0;
+        int first_position = 1;
+    };
+
     int TopTrieLength() const;
-    Place Locate(int position) const;
+    int GroupSizeAt(int group) const;
+    Place Locate(int position);
     bool SearchBefore(std::int32_t a, std::int32_t b);
     bool SearchBefore(const Keyed& a, const Keyed& b);
     bool ListBefore(const Keyed& a, const Keyed& b);
@@ -129,6 +141,7 @@ class WordListView {
     PairRanking pairs_;
     int view_length_ = 0;
     std::vector<Extension> extensions_;
+    GroupCursor cursor_;           // the group located last, until the groups change
     std::int64_t generation_ = 0;  // grows with every rule, so cached orders expire
     std::vector<GroupOrder> orders_;
     std::vector<std::vector<Keyed>> keyed_;  // per length, once a place is picked out of the group
