@@ -150,7 +150,7 @@ void RepeatTrie::Extend(std::int32_t slot) {
             const std::int32_t next = depth == 0 ? start : text_.Next(end);
             if (next < 0) break;
             const std::int32_t symbol = text_.Symbol(next);
-            const std::int32_t found = children_.Find(ChildKey(at, symbol));
+            const std::int32_t found = FindChild(at, symbol);
             if (found < 0) {
                 // The word occurs here only: the slot's path ends in a leaf.
                 children_.Insert(ChildKey(at, symbol), kLeaf | start);
@@ -191,6 +191,18 @@ void RepeatTrie::Extend(std::int32_t slot) {
             end = next;
         }
     }
+}
+
+// A node's first few children are looked through before the child table: a child found there is
+// the node read next anyway, where the table would cost one more trip to memory. Leaves are only
+// in the table, as are the children of a word with many continuations.
+std::int32_t RepeatTrie::FindChild(std::int32_t node, std::int32_t symbol) const {
+    constexpr int kListed = 4;
+    std::int32_t child = nodes_[node].first_child;
+    for (int looked = 0; child >= 0 && looked < kListed; ++looked, child = nodes_[child].next_sibling) {
+        if (nodes_[child].symbol == symbol) return child;
+    }
+    return children_.Find(ChildKey(node, symbol));
 }
 
 // The word one symbol longer than where the slot's path ends, when it occurs there only.
