@@ -15,10 +15,12 @@ RepeatTrie::RepeatTrie(std::span<const Rule> rules, int max_depth, Poll poll)
     children_.Reserve(static_cast<std::size_t>(slots) + static_cast<std::size_t>(slots) / 4 + 1024);
     nodes_.emplace_back();
     path_end_.reserve(text_.SlotCapacity());
+    has_leaf_.reserve(text_.SlotCapacity());
     end_slot_.reserve(text_.SlotCapacity());
     next_at_node_.reserve(text_.SlotCapacity());
     prev_at_node_.reserve(text_.SlotCapacity());
     path_end_.assign(static_cast<std::size_t>(slots), -1);
+    has_leaf_.assign(static_cast<std::size_t>(slots), 0);
     end_slot_.assign(static_cast<std::size_t>(slots), -1);
     next_at_node_.assign(static_cast<std::size_t>(slots), -1);
     prev_at_node_.assign(static_cast<std::size_t>(slots), -1);
@@ -154,6 +156,7 @@ void RepeatTrie::Extend(std::int32_t slot) {
             if (found < 0) {
                 // The word occurs here only: the slot's path ends in a leaf.
                 children_.Insert(ChildKey(at, symbol), kLeaf | start);
+                has_leaf_[start] = 1;
                 break;
             }
             // A slot walked on twice (cut for two occurrences) finds its own leaf: its path is whole.
@@ -164,6 +167,7 @@ void RepeatTrie::Extend(std::int32_t slot) {
                 // walks on from there.
                 const std::int32_t other = found & ~kLeaf;
                 children_.Erase(ChildKey(at, symbol));
+                has_leaf_[other] = 0;
                 child = NewNode(at, symbol);
                 nodes_[child].border = BorderOfNew(child, start);
                 RemoveSlot(at, other);
@@ -207,13 +211,10 @@ std::int32_t RepeatTrie::FindChild(std::int32_t node, std::int32_t symbol) const
 
 // The word one symbol longer than where the slot's path ends, when it occurs there only.
 std::uint64_t RepeatTrie::LeafKey(std::int32_t slot) const {
+    if (has_leaf_[slot] == 0) return kNoLeaf;
     const std::int32_t at = path_end_[slot];
-    const int depth = nodes_[at].depth;
-    if (depth >= max_depth_) return kNoLeaf;
-    const std::int32_t next = depth == 0 ? slot : text_.Next(end_slot_[slot]);
-    if (next < 0) return kNoLeaf;
-    const std::uint64_t key = ChildKey(at, text_.Symbol(next));
-    return children_.Find(key) == (kLeaf | slot) ? key : kNoLeaf;
+    const std::int32_t next = nodes_[at].depth == 0 ? slot : text_.Next(end_slot_[slot]);
+    return ChildKey(at, text_.Symbol(next));
 }
 
 bool RepeatTrie::ReachesPast(std::int32_t slot, int length) const {
@@ -224,7 +225,9 @@ bool RepeatTrie::ReachesPast(std::int32_t slot, int length) const {
 
 void RepeatTrie::DropLeaf(std::int32_t slot) {
     const std::uint64_t key = LeafKey(slot);
-    if (key != kNoLeaf) children_.Erase(key);
+    if (key == kNoLeaf) return;
+    children_.Erase(key);
+    has_leaf_[slot] = 0;
 }
 
 // Takes the slot off every word longer than `depth` symbols that starts there. A word left with
@@ -284,6 +287,7 @@ void RepeatTrie::Collapse(std::int32_t index) {
     path_end_[slot] = parent;
     end_slot_[slot] = end;
     children_.Insert(ChildKey(parent, symbol), kLeaf | slot);
+    has_leaf_[slot] = 1;
 }
 
 // The paths that reach into an occurrence are cut back while they still describe the old text,
@@ -323,6 +327,7 @@ void RepeatTrie::Replace(const std::vector<std::int32_t>& starts, int length, st
     const std::int32_t first_new = text_.AppendRule(code, symbols);
     path_end_.resize(static_cast<std::size_t>(text_.SlotCount()), -1);
     end_slot_.resize(path_end_.size(), -1);
+    has_leaf_.resize(path_end_.size(), 0);
     next_at_node_.resize(path_end_.size(), -1);
     prev_at_node_.resize(path_end_.size(), -1);
 

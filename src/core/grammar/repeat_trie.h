@@ -150,6 +150,9 @@ class RepeatTrie {
     // Per slot: the last slot of the word where its path ends, so that a path is walked on from
     // its end without stepping through a long word again.
     std::vector<std::int32_t> end_slot_;
+    // Per slot: whether its path ends in a leaf, whose key then follows from the path's end, so
+    // that neither finding nor dropping it looks in the child table first.
+    std::vector<std::uint8_t> has_leaf_;
     std::vector<std::int32_t> next_at_node_;
     std::vector<std::int32_t> prev_at_node_;
     std::vector<std::vector<std::int32_t>> groups_;  // per length
