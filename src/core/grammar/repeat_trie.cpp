@@ -145,7 +145,8 @@ void RepeatTrie::Extend(std::int32_t slot) {
     while (!pending_.empty()) {
         const std::int32_t start = pending_.back();
         pending_.pop_back();
-        std::int32_t at = path_end_[start];
+        const std::int32_t from = path_end_[start];
+        std::int32_t at = from;
         int depth = nodes_[at].depth;
         std::int32_t end = end_slot_[start];
         while (depth < max_depth_) {
@@ -179,10 +180,6 @@ void RepeatTrie::Extend(std::int32_t slot) {
                 pending_.push_back(other);
             }
             Step();
-            RemoveSlot(at, start);
-            AddSlot(child, start);
-            path_end_[start] = child;
-            end_slot_[start] = next;
             CountChanged(child);
             Node& node = nodes_[child];
             ++node.count;
@@ -193,6 +190,13 @@ void RepeatTrie::Extend(std::int32_t slot) {
             at = child;
             ++depth;
             end = next;
+        }
+        // The slot is listed at the end of its path once, where the walk stops.
+        if (at != from) {
+            RemoveSlot(from, start);
+            AddSlot(at, start);
+            path_end_[start] = at;
+            end_slot_[start] = end;
         }
     }
 }
