@@ -169,6 +169,7 @@ WordListView::Keyed WordListView::ReadKeyed(std::int32_t node) {
     Keyed keyed;
     keyed.kept = trie_.KnownKept(node);
     keyed.node = node;
+    static_assert(Keyed::kLevels == 3, "the word's count and three prefixes' fill two 64-bit halves");
     std::array<std::uint32_t, Keyed::kLevels + 1> counts{static_cast<std::uint32_t>(trie_.Count(node))};
     const int levels = std::clamp(trie_.Depth(node) - 2, 0, Keyed::kLevels);
     std::int32_t prefix = node;
@@ -227,9 +228,10 @@ void WordListView::MarkStale(std::int32_t node, int levels_below) {
     for (std::size_t below = depth + 1; below <= depth + kLevels - static_cast<std::size_t>(levels_below); ++below)
         copied_below = copied_below || Copied(static_cast<int>(below));
     if (!copied_below) return;
-    for (std::int32_t child = trie_.FirstChild(node); child >= 0; child = trie_.NextSibling(child))
-        // A child that changed itself is marked with the levels below it on its own turn.
+    // A child that changed itself is marked with the levels below it on its own turn.
+    for (std::int32_t child = trie_.FirstChild(node); child >= 0; child = trie_.NextSibling(child)) {
         if (!trie_.TakenAsChanged(child)) MarkStale(child, levels_below + 1);
+    }
 }
 
 // One place of a group in list order found without sorting the group: a scan for its first or
