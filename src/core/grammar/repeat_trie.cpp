@@ -19,17 +19,23 @@ RepeatTrie::RepeatTrie(std::span<const Rule> rules, int max_depth, Poll poll)
     end_slot_.reserve(text_.SlotCapacity());
     next_at_node_.reserve(text_.SlotCapacity());
     prev_at_node_.reserve(text_.SlotCapacity());
-    path_end_.assign(static_cast<std::size_t>(slots), -1);
-    has_leaf_.assign(static_cast<std::size_t>(slots), 0);
-    end_slot_.assign(static_cast<std::size_t>(slots), -1);
-    next_at_node_.assign(static_cast<std::size_t>(slots), -1);
-    prev_at_node_.assign(static_cast<std::size_t>(slots), -1);
+    FitSlotArrays();
     for (std::int32_t slot = 0; slot < slots && !stopped_; ++slot) {
         scanned_ = static_cast<double>(slot) / slots;
         Attach(slot);
         Extend(slot);
     }
     scanned_ = -1;
+}
+
+// New slots start unattached: no path, no leaf, listed at no node.
+void RepeatTrie::FitSlotArrays() {
+    const auto slots = static_cast<std::size_t>(text_.SlotCount());
+    path_end_.resize(slots, -1);
+    end_slot_.resize(slots, -1);
+    has_leaf_.resize(slots, 0);
+    next_at_node_.resize(slots, -1);
+    prev_at_node_.resize(slots, -1);
 }
 
 int RepeatTrie::GroupSize(int length) const {
@@ -329,11 +335,7 @@ void RepeatTrie::Replace(const std::vector<std::int32_t>& starts, int length, st
     for (const std::int32_t start : starts)
         text_.Replace(start, length, code);
     const std::int32_t first_new = text_.AppendRule(code, symbols);
-    path_end_.resize(static_cast<std::size_t>(text_.SlotCount()), -1);
-    end_slot_.resize(path_end_.size(), -1);
-    has_leaf_.resize(path_end_.size(), 0);
-    next_at_node_.resize(path_end_.size(), -1);
-    prev_at_node_.resize(path_end_.size(), -1);
+    FitSlotArrays();
 
     for (const std::int32_t start : starts) {
         if (stopped_) return;

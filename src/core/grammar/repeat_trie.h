@@ -106,6 +106,8 @@ class RepeatTrie {
     void Step() {
         if (++steps_ % kStepsPerPoll == 0 && poll_ && !stopped_) stopped_ = poll_(scanned_);
     }
+    // Sizes the per-slot arrays to the slots of the text.
+    void FitSlotArrays();
     // The child-table entry of the word `node` continued by `symbol`: a node, kLeaf | slot, or -1.
     std::int32_t FindChild(std::int32_t node, std::int32_t symbol) const;
     void Attach(std::int32_t slot);
