@@ -96,8 +96,16 @@ std::int32_t RepeatTrie::NewNode(std::int32_t parent, std::int32_t symbol) {
     node.depth = nodes_[parent].depth + 1;
     node.next_sibling = nodes_[parent].first_child;
     if (node.next_sibling >= 0) nodes_[node.next_sibling].prev_sibling = index;
-    nodes_[parent].first_child = index;
-    children_.Insert(ChildKey(parent, symbol), index);
+    Node& above = nodes_[parent];
+    above.first_child = index;
+    if (above.child_nodes == kHashedChildren) {
+        children_.Insert(ChildKey(parent, symbol), index);
+    } else if (++above.child_nodes > kListedChildren) {
+        // One child too many to look through: from now on the table holds them all.
+        for (std::int32_t child = index; child >= 0; child = nodes_[child].next_sibling)
+            children_.Insert(ChildKey(parent, nodes_[child].symbol), child);
+        above.child_nodes = kHashedChildren;
+    }
     return index;
 }
 
@@ -109,7 +117,12 @@ void RepeatTrie::DeleteNode(std::int32_t index) {
         nodes_[node.parent].first_child = node.next_sibling;
     }
     if (node.next_sibling >= 0) nodes_[node.next_sibling].prev_sibling = node.prev_sibling;
-    children_.Erase(ChildKey(node.parent, node.symbol));
+    Node& above = nodes_[node.parent];
+    if (above.child_nodes == kHashedChildren) {
+        children_.Erase(ChildKey(node.parent, node.symbol));
+    } else {
+        --above.child_nodes;
+    }
     node.parent = -1;
     free_nodes_.push_back(index);
 }
@@ -130,6 +143,7 @@ void RepeatTrie::LeaveGroup(std::int32_t index) {
     group[node.group_index] = moved;
     nodes_[moved].group_index = node.group_index;
     group.pop_back();
+    if (moved != index) moved_nodes_.push_back(moved);
     node.group_index = -1;
 }
 
@@ -211,9 +225,8 @@ void RepeatTrie::Extend(std::int32_t slot) {
 // the node read next anyway, where the table would cost one more trip to memory. Leaves are only
 // in the table, as are the children of a word with many continuations.
 std::int32_t RepeatTrie::FindChild(std::int32_t node, std::int32_t symbol) const {
-    constexpr int kListed = 4;
     std::int32_t child = nodes_[node].first_child;
-    for (int looked = 0; child >= 0 && looked < kListed; ++looked, child = nodes_[child].next_sibling) {
+    for (int looked = 0; child >= 0 && looked < kListedChildren; ++looked, child = nodes_[child].next_sibling) {
         if (nodes_[child].symbol == symbol) return child;
     }
     return children_.Find(ChildKey(node, symbol));
@@ -387,7 +400,7 @@ std::int8_t RepeatTrie::BorderOfNew(std::int32_t index, std::int32_t start) {
         if (text_.Symbol(text_.Advance(start, k)) == node.symbol) return static_cast<std::int8_t>(k + 1);
         std::int32_t prefix = kRoot;
         for (std::int32_t slot = start, step = 0; step < k; ++step, slot = text_.Next(slot))
-            prefix = children_.Find(ChildKey(prefix, text_.Symbol(slot)));
+            prefix = FindChild(prefix, text_.Symbol(slot));
         k = nodes_[prefix].border;
     }
 }
@@ -455,7 +468,7 @@ std::int32_t RepeatTrie::KeptFromPeriods(std::int32_t index) const {
     std::int32_t at = kRoot;
     std::int32_t slot = word.first_occurrence;
     for (int i = 0; i < word.border; ++i, slot = text_.Next(slot))
-        at = children_.Find(ChildKey(at, text_.Symbol(slot)));
+        at = FindChild(at, text_.Symbol(slot));
     if (nodes_[at].border != 0) return kUnknown;
 
     // The symbols of a period, read from the word's first occurrence as far as the walk needs them.
@@ -471,7 +484,7 @@ std::int32_t RepeatTrie::KeptFromPeriods(std::int32_t index) const {
                 repeated.push_back(text_.Symbol(slot));
                 slot = text_.Next(slot);
             }
-            const std::int32_t found = children_.Find(ChildKey(at, repeated[static_cast<std::size_t>(step)]));
+            const std::int32_t found = FindChild(at, repeated[static_cast<std::size_t>(step)]);
             if (found < 0) return kept;
             if ((found & kLeaf) != 0) {
                 // One occurrence goes on from here: each further period it runs to is one more term.

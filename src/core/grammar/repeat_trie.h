@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <functional>
 #include <span>
+#include <utility>
 #include <vector>
 
 #include "common/open_hash_map.h"
@@ -62,6 +63,9 @@ class RepeatTrie {
     // The nodes whose count changed since the last call, each once; they may have gone, or been
     // taken for other words, since.
     std::vector<std::int32_t> TakeChangedNodes();
+    // The nodes moved to another place of their group, as a word left it, since the last call;
+    // they may have gone, or left their groups, since.
+    std::vector<std::int32_t> TakeMovedNodes() { return std::exchange(moved_nodes_, {}); }
     // Whether the node is among those the last TakeChangedNodes answered.
     bool TakenAsChanged(std::int32_t node) const { return nodes_[node].taken_as_changed; }
 
@@ -77,6 +81,11 @@ class RepeatTrie {
     // by this bit: most slots end their paths in one, and an entry is a fraction of a node.
     static constexpr std::int32_t kLeaf = 1 << 30;
     static constexpr std::uint64_t kNoLeaf = ~std::uint64_t{0};
+    // A node with up to this many children finds them through its list alone, and they stay out
+    // of the child table: most nodes of a genome's trie have one or two, and the table would
+    // otherwise hold an entry for every node. A node with more has them all in the table.
+    static constexpr int kListedChildren = 4;
+    static constexpr std::uint8_t kHashedChildren = 255;
 
     struct Node {
         std::int32_t parent = -1;  // -1 for the root and for a node that has gone
@@ -95,6 +104,9 @@ class RepeatTrie {
         std::int8_t border = kUnknown;
         bool changed = false;           // listed in changed_nodes_
         bool taken_as_changed = false;  // listed in taken_changed_
+        // The children that are nodes, while there are at most kListedChildren; kHashedChildren
+        // once they have all gone into the child table.
+        std::uint8_t child_nodes = 0;
     };
 
     static std::uint64_t ChildKey(std::int32_t parent, std::int32_t symbol) {
@@ -147,7 +159,7 @@ class RepeatTrie {
     bool stopped_ = false;
     std::vector<Node> nodes_;
     std::vector<std::int32_t> free_nodes_;
-    OpenHashMap children_;                // (parent, symbol) -> child, or kLeaf | slot
+    OpenHashMap children_;                // (parent, symbol) -> child of a node with many, or kLeaf | slot
     std::vector<std::int32_t> path_end_;  // per slot: the node where its path ends, -1 for a removed slot
     // Per slot: the last slot of the word where its path ends, so that a path is walked on from
     // its end without stepping through a long word again.
@@ -160,6 +172,7 @@ class RepeatTrie {
     std::vector<std::vector<std::int32_t>> groups_;  // per length
     std::vector<std::int32_t> changed_nodes_;
     std::vector<std::int32_t> taken_changed_;  // as the last TakeChangedNodes answered
+    std::vector<std::int32_t> moved_nodes_;    // as the next TakeMovedNodes answers
     std::vector<std::int32_t> pending_;        // slots waiting to be extended
 };
 

@@ -184,14 +184,27 @@ WordListView::Keyed WordListView::ReadKeyed(std::int32_t node) {
 
 std::vector<WordListView::Keyed>& WordListView::KeyedGroup(int length) {
     if (keyed_.size() <= static_cast<std::size_t>(length)) keyed_.resize(static_cast<std::size_t>(length) + 1);
-    std::vector<Keyed>& keyed = keyed_[length];
+    KeyedCopy& copy = keyed_[length];
     const std::vector<std::int32_t>& group = trie_.Group(length);
-    // Words that joined the group, or moved within it as others left, are read again with the stale ones.
-    keyed.resize(group.size());
-    for (std::size_t i = 0; i < group.size(); ++i) {
-        if (keyed[i].node != group[i]) keyed[i] = ReadKeyed(group[i]);
+    auto read = [&](std::size_t index) {
+        copy.words[index] = ReadKeyed(group[index]);
+        if (copy.words[index].kept < 0) copy.unkept.push_back(static_cast<std::int32_t>(index));
+    };
+    const std::size_t old_size = copy.words.size();
+    copy.words.resize(group.size());
+    if (old_size == 0) {
+        copy.stale.clear();
+        copy.unkept.clear();
     }
-    return keyed;
+    // Words that joined the group, or moved within it as others left, are read again with the stale ones.
+    for (std::size_t index = old_size; index < group.size(); ++index)
+        read(index);
+    for (const std::int32_t place : copy.stale) {
+        const auto index = static_cast<std::size_t>(place);
+        if (index < old_size && index < group.size() && copy.words[index].node != group[index]) read(index);
+    }
+    copy.stale.clear();
+    return copy.words;
 }
 
 std::int32_t WordListView::KeptOf(Keyed& word) {
@@ -202,25 +215,47 @@ std::int32_t WordListView::KeptOf(Keyed& word) {
 // The copy with every kept count worked out, which then stay worked out until a count changes.
 std::vector<WordListView::Keyed>& WordListView::KeptGroup(int length) {
     std::vector<Keyed>& words = KeyedGroup(length);
-    for (Keyed& word : words)
-        KeptOf(word);
+    std::vector<std::int32_t>& unkept = keyed_[length].unkept;
+    for (const std::int32_t place : unkept) {
+        if (static_cast<std::size_t>(place) < words.size()) KeptOf(words[static_cast<std::size_t>(place)]);
+    }
+    unkept.clear();
     return words;
 }
 
 void WordListView::NoteChanges() {
     const std::vector<std::int32_t> changed = trie_.TakeChangedNodes();
     pairs_.Note(trie_, changed);
+    for (const std::int32_t node : trie_.TakeMovedNodes()) {
+        if (trie_.Alive(node) && trie_.GroupIndex(node) >= 0) MarkPlaceStale(trie_.Depth(node), trie_.GroupIndex(node));
+    }
     for (const std::int32_t node : changed) {
         if (trie_.Alive(node)) MarkStale(node, 0);
     }
 }
 
+void WordListView::MarkPlaceStale(int length, std::int32_t index) {
+    if (!Copied(length)) return;
+    KeyedCopy& copy = keyed_[length];
+    // A copy left unread for many passes is dropped rather than let its list of stale places
+    // grow; it is read whole when next needed.
+    if (copy.stale.size() >= copy.words.size()) {
+        copy = KeyedCopy{};
+        return;
+    }
+    copy.stale.push_back(index);
+}
+
 void WordListView::MarkStale(std::int32_t node, int levels_below) {
     const auto depth = static_cast<std::size_t>(trie_.Depth(node));
     const std::int32_t index = trie_.GroupIndex(node);
-    if (depth < keyed_.size() && index >= 0 && static_cast<std::size_t>(index) < keyed_[depth].size() &&
-        keyed_[depth][static_cast<std::size_t>(index)].node == node) {
-        keyed_[depth][static_cast<std::size_t>(index)].node = -1;
+    // A word that joined its group since the copy was read has a place the copy holds another
+    // word at, or none yet: the place is read again either way.
+    if (depth < keyed_.size() && index >= 0) {
+        std::vector<Keyed>& words = keyed_[depth].words;
+        if (static_cast<std::size_t>(index) < words.size() && words[static_cast<std::size_t>(index)].node == node)
+            words[static_cast<std::size_t>(index)].node = -1;
+        MarkPlaceStale(static_cast<int>(depth), index);
     }
     // Only groups already copied need marking.
     constexpr auto kLevels = static_cast<std::size_t>(Keyed::kLevels);
@@ -240,21 +275,25 @@ void WordListView::MarkStale(std::int32_t node, int levels_below) {
 WordListView::Placed WordListView::Select(int length, int offset) {
     // Where dropping the overlaps changed no count the list order is the search order: the place is the rank.
     const bool reordered = ScannedOrder(length).reordered;
-    std::vector<Keyed> selection = KeptGroup(length);
+    const std::vector<Keyed>& words = KeptGroup(length);
     auto before = [this](const Keyed& a, const Keyed& b) { return ListBefore(a, b); };
-    const auto place = selection.begin() + offset;
+    // The first and last places are found by one scan of the group itself; only a place inside
+    // needs a copy to select in.
+    Keyed chosen;
     if (offset == 0) {
-        std::iter_swap(place, std::min_element(selection.begin(), selection.end(), before));
-    } else if (offset + 1 == static_cast<int>(selection.size())) {
-        std::iter_swap(place, std::max_element(selection.begin(), selection.end(), before));
+        chosen = *std::min_element(words.begin(), words.end(), before);
+    } else if (offset + 1 == static_cast<int>(words.size())) {
+        chosen = *std::max_element(words.begin(), words.end(), before);
     } else {
-        std::nth_element(selection.begin(), place, selection.end(), before);
+        selection_.assign(words.begin(), words.end());
+        const auto place = selection_.begin() + offset;
+        std::nth_element(selection_.begin(), place, selection_.end(), before);
+        chosen = *place;
     }
-    const Keyed chosen = *place;
     std::int32_t rank = offset + 1;
     if (reordered) {
         rank = 1;
-        for (const Keyed& other : selection) {
+        for (const Keyed& other : words) {
             if (other.node != chosen.node && SearchBefore(other, chosen)) ++rank;
         }
     }

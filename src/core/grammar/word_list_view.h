@@ -84,6 +84,13 @@ class WordListView {
 
         std::int32_t Count() const { return static_cast<std::int32_t>(counts[0] >> 32); }
     };
+    // A group's copy, kept up to date place by place: a pass changes a few words of a group of
+    // thousands, and reading it all again before each pick cost as much as the pick.
+    struct KeyedCopy {
+        std::vector<Keyed> words;
+        std::vector<std::int32_t> stale;   // places whose word moved or whose counts changed
+        std::vector<std::int32_t> unkept;  // places read again whose kept count is still to work out
+    };
     struct GroupOrder {
         std::int64_t generation = -1;
         // What one scan of the kept counts tells, once per pass: whether dropping the overlaps
@@ -121,8 +128,10 @@ class WordListView {
     void SortGroup(int length, GroupOrder& order);
     Keyed ReadKeyed(std::int32_t node);
     bool Copied(int length) const {
-        return static_cast<std::size_t>(length) < keyed_.size() && !keyed_[length].empty();
+        return static_cast<std::size_t>(length) < keyed_.size() && !keyed_[length].words.empty();
     }
+    // Notes a place of a copied group to be read again.
+    void MarkPlaceStale(int length, std::int32_t index);
     // The group's words with their counts, in the trie's order of the group.
     std::vector<Keyed>& KeyedGroup(int length);
     std::int32_t KeptOf(Keyed& word);
@@ -144,7 +153,8 @@ class WordListView {
     GroupCursor cursor_;           // the group located last, until the groups change
     std::int64_t generation_ = 0;  // grows with every rule, so cached orders expire
     std::vector<GroupOrder> orders_;
-    std::vector<std::vector<Keyed>> keyed_;  // per length, once a place is picked out of the group
+    std::vector<KeyedCopy> keyed_;  // per length, once a place is picked out of the group
+    std::vector<Keyed> selection_;  // room for Select, kept to spare an allocation per pass
 };
 
 }  // namespace tessarin
