@@ -14,6 +14,7 @@ RepeatTrie::RepeatTrie(std::span<const Rule> rules, int max_depth, Poll poll)
     // some more entries: room for a quarter more than the slots spares rebuilding a table of millions.
     children_.Reserve(static_cast<std::size_t>(slots) + static_cast<std::size_t>(slots) / 4 + 1024);
     nodes_.emplace_back();
+    stretch_tops_.push_back(-1);
     path_end_.reserve(text_.SlotCapacity());
     has_leaf_.reserve(text_.SlotCapacity());
     end_slot_.reserve(text_.SlotCapacity());
@@ -85,10 +86,12 @@ std::int32_t RepeatTrie::NewNode(std::int32_t parent, std::int32_t symbol) {
     if (free_nodes_.empty()) {
         index = static_cast<std::int32_t>(nodes_.size());
         nodes_.emplace_back();
+        stretch_tops_.push_back(-1);
     } else {
         index = free_nodes_.back();
         free_nodes_.pop_back();
         nodes_[index] = Node{};
+        stretch_tops_[index] = -1;
     }
     Node& node = nodes_[index];
     node.parent = parent;
@@ -97,6 +100,7 @@ std::int32_t RepeatTrie::NewNode(std::int32_t parent, std::int32_t symbol) {
     node.next_sibling = nodes_[parent].first_child;
     if (node.next_sibling >= 0) nodes_[node.next_sibling].prev_sibling = index;
     Node& above = nodes_[parent];
+    node.run = parent == kRoot || (above.run && above.symbol == symbol);
     above.first_child = index;
     if (above.child_nodes == kHashedChildren) {
         children_.Insert(ChildKey(parent, symbol), index);
@@ -286,10 +290,8 @@ void RepeatTrie::Cut(std::int32_t slot, int depth, std::int32_t end) {
 // A word with one occurrence left: it and the longer words below it belong to that occurrence
 // alone and go, and the occurrence's path ends in a leaf in the word's place.
 void RepeatTrie::Collapse(std::int32_t index) {
-    std::int32_t at = index;
-    while (nodes_[at].first_slot < 0)
-        at = nodes_[at].first_child;
-    const std::int32_t slot = nodes_[at].first_slot;
+    const std::int32_t slot = SomeOccurrence(index);
+    std::int32_t at = path_end_[slot];
     DropLeaf(slot);
     RemoveSlot(at, slot);
     const std::int32_t parent = nodes_[index].parent;
@@ -316,6 +318,7 @@ void RepeatTrie::Collapse(std::int32_t index) {
 // The paths that reach into an occurrence are cut back while they still describe the old text,
 // then every changed path is walked down again through the new one.
 void RepeatTrie::Replace(const std::vector<std::int32_t>& starts, int length, std::int32_t code) {
+    run_counts_.clear();
     std::vector<std::int32_t> symbols;
     for (std::int32_t slot = starts.front(); static_cast<int>(symbols.size()) < length; slot = text_.Next(slot))
         symbols.push_back(text_.Symbol(slot));
@@ -378,6 +381,15 @@ void RepeatTrie::Occurrences(std::int32_t index, std::vector<std::int32_t>& slot
     }
 }
 
+// Every slot is listed where its path ends, so a word's node or one below it lists one.
+std::int32_t RepeatTrie::SomeOccurrence(std::int32_t index) const {
+    if (nodes_[index].first_occurrence != kUnknown) return nodes_[index].first_occurrence;
+    std::int32_t at = index;
+    while (nodes_[at].first_slot < 0)
+        at = nodes_[at].first_child;
+    return nodes_[at].first_slot;
+}
+
 std::int32_t RepeatTrie::FirstOccurrence(std::int32_t index) {
     if (nodes_[index].first_occurrence == kUnknown) {
         std::vector<std::int32_t> slots;
@@ -385,6 +397,26 @@ std::int32_t RepeatTrie::FirstOccurrence(std::int32_t index) {
         nodes_[index].first_occurrence = *std::min_element(slots.begin(), slots.end());
     }
     return nodes_[index].first_occurrence;
+}
+
+// A top found earlier still holds while its count is the node's and the count changes above it:
+// counts never grow from a word to a longer one, so the words between all have that count too.
+// A node keeps its top until it goes, and its prefixes outlive it.
+std::int32_t RepeatTrie::StretchTop(std::int32_t node) {
+    const std::int32_t count = nodes_[node].count;
+    auto is_top = [&](std::int32_t at) { return nodes_[at].depth <= 2 || nodes_[nodes_[at].parent].count != count; };
+    auto holds = [&](std::int32_t top) { return top >= 0 && nodes_[top].count == count && is_top(top); };
+    std::int32_t at = node;
+    stretch_walk_.clear();
+    while (!holds(stretch_tops_[at]) && !is_top(at)) {
+        stretch_walk_.push_back(at);
+        at = nodes_[at].parent;
+    }
+    const std::int32_t top = holds(stretch_tops_[at]) ? stretch_tops_[at] : at;
+    stretch_tops_[at] = top;
+    for (const std::int32_t walked : stretch_walk_)
+        stretch_tops_[walked] = top;
+    return top;
 }
 
 // One step of the prefix function of Knuth, Morris and Pratt: the parent's border is extended by
@@ -438,9 +470,10 @@ void RepeatTrie::KeptOccurrences(std::int32_t index, std::vector<std::int32_t>& 
 }
 
 std::int32_t RepeatTrie::Kept(std::int32_t index) {
-    if (nodes_[index].border == 0 || !SelfOverlaps(index)) return nodes_[index].count;
+    const bool run = nodes_[index].run && nodes_[index].depth >= 2;
+    if (!run && (nodes_[index].border == 0 || !SelfOverlaps(index))) return nodes_[index].count;
     if (nodes_[index].kept == kUnknown) {
-        std::int32_t kept = KeptFromPeriods(index);
+        std::int32_t kept = run ? KeptOfRun(index) : KeptFromPeriods(index);
         if (kept == kUnknown) {
             std::vector<std::int32_t> starts;
             std::vector<std::int32_t> ends;
@@ -450,6 +483,42 @@ std::int32_t RepeatTrie::Kept(std::int32_t index) {
         nodes_[index].kept = kept;
     }
     return nodes_[index].kept;
+}
+
+// Within a longest run of r symbols a, the run a^k keeps floor(r / k) occurrences, and two such
+// runs never meet. With N(j) = count(a^j) - count(a^(j+1)) runs of j symbols or more, the sum of
+// floor(r / k) over the runs is the sum of N(t k) over t >= 1: a few counts read off the chain of
+// runs instead of the occurrences, which in a run of m symbols number about m for each of m lengths.
+std::int32_t RepeatTrie::KeptOfRun(std::int32_t index) {
+    const std::int32_t symbol = nodes_[index].symbol;
+    auto [entry, added] = run_counts_.try_emplace(symbol);
+    std::vector<std::int32_t>& counts = entry->second;
+    if (added) {
+        counts.push_back(0);  // no run of no symbols is asked for
+        std::int32_t at = kRoot;
+        for (int depth = 0;; ++depth) {
+            if (depth >= max_depth_) {
+                counts.clear();
+                break;
+            }
+            const std::int32_t found = FindChild(at, symbol);
+            if (found < 0) break;
+            if ((found & kLeaf) != 0) {
+                // A run that occurs once: the next longer one occurs no more.
+                counts.push_back(1);
+                break;
+            }
+            counts.push_back(nodes_[found].count);
+            at = found;
+        }
+        if (!counts.empty()) counts.push_back(0);
+    }
+    if (counts.empty()) return kUnknown;
+    const auto length = static_cast<std::size_t>(nodes_[index].depth);
+    std::int32_t kept = 0;
+    for (std::size_t j = length; j + 1 < counts.size(); j += length)
+        kept += counts[j] - counts[j + 1];
+    return kept;
 }
 
 // A word whose one border is b can overlap itself only at distance p = L - b, which is at least
@@ -462,11 +531,11 @@ std::int32_t RepeatTrie::Kept(std::int32_t index) {
 // repeat. Answers kUnknown for any other word, or where the trie stops short.
 std::int32_t RepeatTrie::KeptFromPeriods(std::int32_t index) const {
     const Node& word = nodes_[index];
-    if (word.border <= 0 || word.border == kLongBorder || word.first_occurrence == kUnknown) return kUnknown;
+    if (word.border <= 0 || word.border == kLongBorder) return kUnknown;
     // The prefix of the border's length, reached by the word's first symbols: a border of its own
     // would be a second border of the word.
     std::int32_t at = kRoot;
-    std::int32_t slot = word.first_occurrence;
+    std::int32_t slot = SomeOccurrence(index);
     for (int i = 0; i < word.border; ++i, slot = text_.Next(slot))
         at = FindChild(at, text_.Symbol(slot));
     if (nodes_[at].border != 0) return kUnknown;

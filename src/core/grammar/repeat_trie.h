@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <functional>
 #include <span>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -50,6 +51,8 @@ class RepeatTrie {
     bool Alive(std::int32_t node) const { return nodes_[node].parent >= 0; }
     // The first slot where the word occurs.
     std::int32_t FirstOccurrence(std::int32_t node);
+    // The shortest prefix of the word, of 2 symbols or more, that occurs as often as the word.
+    std::int32_t StretchTop(std::int32_t node);
     // The number of occurrences left when each one that starts inside the last one kept is dropped.
     std::int32_t Kept(std::int32_t node);
     // Kept(node) where it is known without listing the occurrences, -1 where it is not.
@@ -57,6 +60,8 @@ class RepeatTrie {
         const Node& word = nodes_[node];
         return word.border == 0 ? word.count : word.kept;
     }
+    // A slot where the word occurs, found without listing the occurrences.
+    std::int32_t SomeOccurrence(std::int32_t node) const;
     // Those occurrences, by their first and last slots, in text order.
     void KeptOccurrences(std::int32_t node, std::vector<std::int32_t>& starts, std::vector<std::int32_t>& ends);
 
@@ -102,8 +107,9 @@ class RepeatTrie {
         // The length of the longest proper prefix that is also a suffix, up to kLongBorder, which
         // stands for that length or more; two occurrences can overlap only when it is not 0.
         std::int8_t border = kUnknown;
-        bool changed = false;           // listed in changed_nodes_
-        bool taken_as_changed = false;  // listed in taken_changed_
+        bool changed : 1 = false;           // listed in changed_nodes_
+        bool taken_as_changed : 1 = false;  // listed in taken_changed_
+        bool run : 1 = false;               // the word is one symbol over and over
         // The children that are nodes, while there are at most kListedChildren; kHashedChildren
         // once they have all gone into the child table.
         std::uint8_t child_nodes = 0;
@@ -146,6 +152,9 @@ class RepeatTrie {
     // Kept(node) for a word with one border, from the counts of the word continued by its period;
     // kUnknown for any other word.
     std::int32_t KeptFromPeriods(std::int32_t node) const;
+    // Kept(node) for a run of one symbol, from the counts of longer runs; kUnknown where the trie
+    // stops short of the longest.
+    std::int32_t KeptOfRun(std::int32_t node);
     // The slots of every occurrence of the word, in no order.
     void Occurrences(std::int32_t node, std::vector<std::int32_t>& slots) const;
 
@@ -159,8 +168,10 @@ class RepeatTrie {
     bool stopped_ = false;
     std::vector<Node> nodes_;
     std::vector<std::int32_t> free_nodes_;
-    OpenHashMap children_;                // (parent, symbol) -> child of a node with many, or kLeaf | slot
-    std::vector<std::int32_t> path_end_;  // per slot: the node where its path ends, -1 for a removed slot
+    std::vector<std::int32_t> stretch_tops_;  // per node: its StretchTop as last found, or -1
+    std::vector<std::int32_t> stretch_walk_;  // room for StretchTop
+    OpenHashMap children_;                    // (parent, symbol) -> child of a node with many, or kLeaf | slot
+    std::vector<std::int32_t> path_end_;      // per slot: the node where its path ends, -1 for a removed slot
     // Per slot: the last slot of the word where its path ends, so that a path is walked on from
     // its end without stepping through a long word again.
     std::vector<std::int32_t> end_slot_;
@@ -174,6 +185,9 @@ class RepeatTrie {
     std::vector<std::int32_t> taken_changed_;  // as the last TakeChangedNodes answered
     std::vector<std::int32_t> moved_nodes_;    // as the next TakeMovedNodes answers
     std::vector<std::int32_t> pending_;        // slots waiting to be extended
+    // Per symbol a: the counts of a, aa, aaa, ... up to the first that occurs no more, read once
+    // between two replacements; empty where the trie stops short of it.
+    std::unordered_map<std::int32_t, std::vector<std::int32_t>> run_counts_;
 };
 
 }  // namespace tessarin

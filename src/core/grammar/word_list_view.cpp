@@ -70,7 +70,8 @@ WordListView::Place WordListView::Locate(int position) {
 // The order of the search within a length: falling count; ties by the order of the parents in
 // the group before (by symbols for pairs) and, between children of one parent, by first occurrence.
 bool WordListView::SearchBefore(std::int32_t a, std::int32_t b) {
-    for (;;) {
+    constexpr int kStepsBeforeJumps = 2;
+    for (int steps = 0;; ++steps) {
         if (trie_.Count(a) != trie_.Count(b)) return trie_.Count(a) > trie_.Count(b);
         if (trie_.Depth(a) <= 2) {
             const std::int32_t a_first = trie_.Depth(a) == 2 ? trie_.Symbol(trie_.Parent(a)) : 0;
@@ -78,6 +79,25 @@ bool WordListView::SearchBefore(std::int32_t a, std::int32_t b) {
             return a_first != b_first ? a_first < b_first : trie_.Symbol(a) < trie_.Symbol(b);
         }
         if (trie_.Parent(a) == trie_.Parent(b)) return trie_.FirstOccurrence(a) < trie_.FirstOccurrence(b);
+        // Two words never meet along prefixes that all occur c times, since a word two of whose
+        // continuations occur c times each occurs 2c times or more; a walk that goes on for long
+        // passes such stretches in one step, thousands of symbols in a long repeat. Where one
+        // stretch ends first, that word's prefix there has the greater count.
+        if (steps < kStepsBeforeJumps) {
+            a = trie_.Parent(a);
+            b = trie_.Parent(b);
+            continue;
+        }
+        const std::int32_t top_a = trie_.StretchTop(a);
+        const std::int32_t top_b = trie_.StretchTop(b);
+        const int depth_a = trie_.Depth(top_a);
+        const int depth_b = trie_.Depth(top_b);
+        if (depth_a != depth_b) return depth_a > depth_b;
+        if (depth_a < trie_.Depth(a)) {
+            a = top_a;
+            b = top_b;
+            continue;
+        }
         a = trie_.Parent(a);
         b = trie_.Parent(b);
     }
