@@ -83,20 +83,17 @@ bool WordListView::SearchBefore(std::int32_t a, std::int32_t b) {
         // continuations occur c times each occurs 2c times or more; a walk that goes on for long
         // passes such stretches in one step, thousands of symbols in a long repeat. Where one
         // stretch ends first, that word's prefix there has the greater count.
-        if (steps < kStepsBeforeJumps) {
-            a = trie_.Parent(a);
-            b = trie_.Parent(b);
-            continue;
-        }
-        const std::int32_t top_a = trie_.StretchTop(a);
-        const std::int32_t top_b = trie_.StretchTop(b);
-        const int depth_a = trie_.Depth(top_a);
-        const int depth_b = trie_.Depth(top_b);
-        if (depth_a != depth_b) return depth_a > depth_b;
-        if (depth_a < trie_.Depth(a)) {
-            a = top_a;
-            b = top_b;
-            continue;
+        if (steps >= kStepsBeforeJumps) {
+            const std::int32_t top_a = trie_.StretchTop(a);
+            const std::int32_t top_b = trie_.StretchTop(b);
+            const int depth_a = trie_.Depth(top_a);
+            const int depth_b = trie_.Depth(top_b);
+            if (depth_a != depth_b) return depth_a > depth_b;
+            if (depth_a < trie_.Depth(a)) {
+                a = top_a;
+                b = top_b;
+                continue;
+            }
         }
         a = trie_.Parent(a);
         b = trie_.Parent(b);
