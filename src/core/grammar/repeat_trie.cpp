@@ -540,7 +540,7 @@ std::int32_t RepeatTrie::KeptFromPeriods(std::int32_t index) const {
         at = FindChild(at, text_.Symbol(slot));
     if (nodes_[at].border != 0) return kUnknown;
 
-    // The symbols of a period, read from the word's first occurrence as far as the walk needs them.
+    // The symbols of a period, read from an occurrence of the word as far as the walk needs them.
     const int period = word.depth - word.border;
     std::vector<std::int32_t> repeated;
     std::int32_t kept = word.count;

@@ -60,8 +60,6 @@ class RepeatTrie {
         const Node& word = nodes_[node];
         return word.border == 0 ? word.count : word.kept;
     }
-    // A slot where the word occurs, found without listing the occurrences.
-    std::int32_t SomeOccurrence(std::int32_t node) const;
     // Those occurrences, by their first and last slots, in text order.
     void KeptOccurrences(std::int32_t node, std::vector<std::int32_t>& starts, std::vector<std::int32_t>& ends);
 
@@ -155,6 +153,8 @@ class RepeatTrie {
     // Kept(node) for a run of one symbol, from the counts of longer runs; kUnknown where the trie
     // stops short of the longest.
     std::int32_t KeptOfRun(std::int32_t node);
+    // A slot where the word occurs, found without listing the occurrences.
+    std::int32_t SomeOccurrence(std::int32_t node) const;
     // The slots of every occurrence of the word, in no order.
     void Occurrences(std::int32_t node, std::vector<std::int32_t>& slots) const;
 
