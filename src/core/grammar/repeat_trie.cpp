@@ -1,6 +1,7 @@
 #include "grammar/repeat_trie.h"
 
 #include <algorithm>
+#include <numeric>
 #include <utility>
 
 #include "grammar/overlaps.h"
@@ -21,11 +22,8 @@ RepeatTrie::RepeatTrie(std::span<const Rule> rules, int max_depth, Poll poll)
     next_at_node_.reserve(text_.SlotCapacity());
     prev_at_node_.reserve(text_.SlotCapacity());
     FitSlotArrays();
-    for (std::int32_t slot = 0; slot < slots && !stopped_; ++slot) {
-        scanned_ = static_cast<double>(slot) / slots;
-        Attach(slot);
-        Extend(slot);
-    }
+    scanned_ = 0;
+    AttachSlots(0, slots);
     scanned_ = -1;
 }
 
@@ -75,6 +73,84 @@ void RepeatTrie::RemoveSlot(std::int32_t node, std::int32_t slot) {
     if (next >= 0) prev_at_node_[next] = prev;
 }
 
+// While the trie is built, the share scanned moves on with the slots.
+void RepeatTrie::AttachSlots(std::int32_t first, std::int32_t last) {
+    for (std::int32_t slot = first; slot < last && !stopped_;) {
+        if (scanned_ >= 0) scanned_ = static_cast<double>(slot) / last;
+        const std::int32_t symbol = text_.Symbol(slot);
+        run_.clear();
+        for (std::int32_t at = slot; at >= 0 && text_.Symbol(at) == symbol; at = text_.Next(at))
+            run_.push_back(at);
+        if (run_.size() == 1) {
+            Attach(slot);
+            Extend(slot);
+        } else {
+            AttachRun();
+        }
+        // A fresh rule's slots are consecutive numbers.
+        slot = run_.back() + 1;
+    }
+}
+
+// A run of r symbols a adds r - k + 1 occurrences to a^k at once; then each slot's path starts
+// where the run ends for it and is walked on from there like any other.
+void RepeatTrie::AttachRun() {
+    const std::int32_t start = run_.front();
+    const std::int32_t symbol = text_.Symbol(start);
+    const auto length = static_cast<std::int32_t>(run_.size());
+    run_path_.assign(1, kRoot);
+    bool leaf = false;
+    for (std::int32_t k = 1; k <= std::min<std::int32_t>(length, max_depth_); ++k) {
+        Step();
+        const std::int32_t at = run_path_.back();
+        const std::int32_t added = length - k + 1;
+        const std::int32_t found = FindChild(at, symbol);
+        if (found < 0 && added == 1) {
+            // The whole run occurs here only: the first slot's path ends in a leaf.
+            children_.Insert(ChildKey(at, symbol), kLeaf | start);
+            has_leaf_[start] = 1;
+            leaf = true;
+            break;
+        }
+        std::int32_t child = found;
+        if (found < 0) {
+            child = NewNode(at, symbol);
+            nodes_[child].border = BorderOfNew(child, start);
+        } else if ((found & kLeaf) != 0) {
+            // A run of exactly k symbols met before: its slot walks on from the new node.
+            const std::int32_t other = found & ~kLeaf;
+            children_.Erase(ChildKey(at, symbol));
+            has_leaf_[other] = 0;
+            child = NewNode(at, symbol);
+            nodes_[child].border = BorderOfNew(child, start);
+            RemoveSlot(at, other);
+            AddSlot(child, other);
+            path_end_[other] = child;
+            end_slot_[other] = k == 1 ? other : text_.Next(end_slot_[other]);
+            nodes_[child].count = 1;
+            nodes_[child].first_occurrence = other;
+            pending_.push_back(other);
+        }
+        CountChanged(child);
+        Node& node = nodes_[child];
+        const bool joins = node.count < 2;
+        if (node.count == 0 || (node.first_occurrence != kUnknown && start < node.first_occurrence)) {
+            node.first_occurrence = start;
+        }
+        node.count += added;
+        if (joins) JoinGroup(child);
+        run_path_.push_back(child);
+    }
+    for (std::int32_t p = 0; p < length; ++p) {
+        const std::int32_t slot = run_[p];
+        const std::int32_t reach = p == 0 && leaf ? length - 1 : std::min<std::int32_t>(length - p, max_depth_);
+        path_end_[slot] = run_path_[reach];
+        end_slot_[slot] = run_[p + reach - 1];
+        AddSlot(run_path_[reach], slot);
+        Extend(slot);
+    }
+}
+
 void RepeatTrie::Attach(std::int32_t slot) {
     path_end_[slot] = kRoot;
     end_slot_[slot] = -1;
@@ -101,6 +177,12 @@ std::int32_t RepeatTrie::NewNode(std::int32_t parent, std::int32_t symbol) {
     if (node.next_sibling >= 0) nodes_[node.next_sibling].prev_sibling = index;
     Node& above = nodes_[parent];
     node.run = parent == kRoot || (above.run && above.symbol == symbol);
+    if (node.run) {
+        std::vector<std::int32_t>& chain = chains_[symbol];
+        if (chain.size() <= static_cast<std::size_t>(node.depth))
+            chain.resize(static_cast<std::size_t>(node.depth) + 1, -1);
+        chain[node.depth] = index;
+    }
     above.first_child = index;
     if (above.child_nodes == kHashedChildren) {
         children_.Insert(ChildKey(parent, symbol), index);
@@ -127,6 +209,7 @@ void RepeatTrie::DeleteNode(std::int32_t index) {
     } else {
         --above.child_nodes;
     }
+    if (node.run) chains_[node.symbol][node.depth] = -1;
     node.parent = -1;
     free_nodes_.push_back(index);
 }
@@ -267,6 +350,12 @@ void RepeatTrie::Cut(std::int32_t slot, int depth, std::int32_t end) {
     RemoveSlot(at, slot);
     std::int32_t single = -1;
     while (nodes_[at].depth > depth) {
+        if (nodes_[at].run) {
+            // The rest is the chain of runs, taken off later in one sweep for all slots.
+            DeferChainCut(at, depth, slot);
+            at = depth == 0 ? kRoot : chains_[nodes_[at].symbol][depth];
+            break;
+        }
         Step();
         CountChanged(at);
         Node& node = nodes_[at];
@@ -285,6 +374,50 @@ void RepeatTrie::Cut(std::int32_t slot, int depth, std::int32_t end) {
     path_end_[slot] = at;
     end_slot_[slot] = end;
     if (single >= 0) Collapse(single);
+}
+
+void RepeatTrie::DeferChainCut(std::int32_t node, int depth, std::int32_t slot) {
+    std::vector<std::int32_t>& drops = chain_cuts_[nodes_[node].symbol];
+    const auto longest = static_cast<std::size_t>(nodes_[node].depth);
+    if (drops.size() < longest + 2) drops.resize(longest + 2, 0);
+    ++drops[static_cast<std::size_t>(depth) + 1];
+    --drops[longest + 1];
+    chain_cut_slots_.push_back(slot);
+}
+
+// From the longest run down, as single cuts would leave them: a run with no occurrence left
+// goes, and the shortest with one left collapses with the longer ones into its slot's leaf.
+void RepeatTrie::SettleChainCuts() {
+    if (chain_cuts_.empty()) return;
+    std::sort(chain_cut_slots_.begin(), chain_cut_slots_.end());
+    auto was_cut = [&](std::int32_t slot) {
+        return std::binary_search(chain_cut_slots_.begin(), chain_cut_slots_.end(), slot);
+    };
+    for (auto& [symbol, drops] : chain_cuts_) {
+        std::partial_sum(drops.begin(), drops.end(), drops.begin());
+        const std::vector<std::int32_t>& chain = chains_[symbol];
+        std::int32_t single = -1;
+        for (std::size_t depth = drops.size() - 1; depth >= 1; --depth) {
+            if (drops[depth] == 0) continue;
+            Step();
+            const std::int32_t index = chain[depth];
+            CountChanged(index);
+            Node& node = nodes_[index];
+            node.count -= drops[depth];
+            if (node.first_occurrence != kUnknown && was_cut(node.first_occurrence)) {
+                node.first_occurrence = kUnknown;
+            }
+            if (node.count <= 1) LeaveGroup(index);
+            if (node.count == 1) {
+                single = index;
+            } else if (node.count == 0) {
+                DeleteNode(index);
+            }
+        }
+        if (single >= 0) Collapse(single);
+    }
+    chain_cuts_.clear();
+    chain_cut_slots_.clear();
 }
 
 // A word with one occurrence left: it and the longer words below it belong to that occurrence
@@ -331,9 +464,11 @@ void RepeatTrie::Replace(const std::vector<std::int32_t>& starts, int length, st
     std::vector<CutBack> cuts;
     std::vector<std::int32_t> removed;
     for (const std::int32_t start : starts) {
-        // Paths are monotone: if the one from a slot does not reach the occurrence, no earlier one does.
+        // Paths are monotone: if the one from a slot does not reach the occurrence, no earlier one
+        // does. A slot before the last occurrence that reaches this one is cut for that one first.
+        const std::int32_t last_removed = removed.empty() ? -1 : removed.back();
         std::int32_t before = text_.Prev(start);
-        for (int distance = 1; before >= 0 && ReachesPast(before, distance); ++distance) {
+        for (int distance = 1; before >= 0 && before != last_removed && ReachesPast(before, distance); ++distance) {
             cuts.push_back(CutBack{before, distance, text_.Prev(start)});
             before = text_.Prev(before);
         }
@@ -347,6 +482,7 @@ void RepeatTrie::Replace(const std::vector<std::int32_t>& starts, int length, st
         RemoveSlot(kRoot, slot);
         path_end_[slot] = -1;
     }
+    SettleChainCuts();
     if (stopped_) return;
     for (const std::int32_t start : starts)
         text_.Replace(start, length, code);
@@ -358,10 +494,7 @@ void RepeatTrie::Replace(const std::vector<std::int32_t>& starts, int length, st
         Attach(start);
         Extend(start);
     }
-    for (std::int32_t slot = first_new; slot < text_.SlotCount(); ++slot) {
-        Attach(slot);
-        Extend(slot);
-    }
+    AttachSlots(first_new, text_.SlotCount());
     for (const CutBack& cut : cuts) {
         if (path_end_[cut.slot] >= 0) Extend(cut.slot);
     }

@@ -126,11 +126,20 @@ class RepeatTrie {
     void FitSlotArrays();
     // The child-table entry of the word `node` continued by `symbol`: a node, kLeaf | slot, or -1.
     std::int32_t FindChild(std::int32_t node, std::int32_t symbol) const;
+    // Attaches the slots from `first` up to (not including) `last`, fresh slots of whole rules,
+    // walking each run of one symbol as one.
+    void AttachSlots(std::int32_t first, std::int32_t last);
     void Attach(std::int32_t slot);
+    // Attaches the slots of a longest run of one symbol, `run_` in text order.
+    void AttachRun();
     void Extend(std::int32_t slot);
     // `end`: the last slot of the word of `depth` symbols that starts at `slot`.
     void Cut(std::int32_t slot, int depth, std::int32_t end);
     void Collapse(std::int32_t node);
+    // Notes that the slot leaves the runs longer than `depth` symbols on the chain ending at `node`.
+    void DeferChainCut(std::int32_t node, int depth, std::int32_t slot);
+    // Takes off the chains of runs what the cuts deferred, once they are all known.
+    void SettleChainCuts();
     // The child-table key of the slot's leaf, or kNoLeaf when its path ends without one.
     std::uint64_t LeafKey(std::int32_t slot) const;
     // Whether the words that start at the slot and are in the trie, its leaf included, run
@@ -185,6 +194,16 @@ class RepeatTrie {
     std::vector<std::int32_t> taken_changed_;  // as the last TakeChangedNodes answered
     std::vector<std::int32_t> moved_nodes_;    // as the next TakeMovedNodes answers
     std::vector<std::int32_t> pending_;        // slots waiting to be extended
+    std::vector<std::int32_t> run_;            // room for AttachSlots: the slots of one run
+    std::vector<std::int32_t> run_path_;       // room for AttachRun: the nodes of a, aa, aaa, ...
+    // Per symbol a: the nodes of a, aa, aaa, ... by length, -1 where there is none. A slot in a
+    // run of m symbols lies on m of them, so walking them slot by slot costs m * m / 2 steps; runs
+    // are attached as one and cut by jumps instead.
+    std::unordered_map<std::int32_t, std::vector<std::int32_t>> chains_;
+    // Per symbol a: by how many slots the counts of a^j drop, as differences between neighbouring
+    // lengths, and the slots cut, until SettleChainCuts takes them off.
+    std::unordered_map<std::int32_t, std::vector<std::int32_t>> chain_cuts_;
+    std::vector<std::int32_t> chain_cut_slots_;
     // Per symbol a: the counts of a, aa, aaa, ... up to the first that occurs no more, read once
     // between two replacements; empty where the trie stops short of it.
     std::unordered_map<std::int32_t, std::vector<std::int32_t>> run_counts_;

@@ -40,7 +40,7 @@ std::string RandomLetters(RandomGenerator& random, int length, int letters) {
 
 // Inputs whose longest repeats are far longer than a random sequence's: copies of hundreds of
 // symbols, of a thousand and of five thousand planted in random text (exact, or with one symbol
-// changed), long runs of one symbol and a long period-two stretch, alone and inside random text;
+// changed), long runs of one symbol, runs of many lengths and a long period-two stretch, alone and inside random text;
 // and plain random text.
 std::vector<std::string> LongRepeatSequences(Method method) {
     RandomGenerator random(777);
@@ -59,6 +59,12 @@ std::vector<std::string> LongRepeatSequences(Method method) {
     for (int i = 0; i < 300; ++i)
         period_two += "GT";
     texts.push_back(RandomLetters(random, 200, 4) + period_two + "A" + period_two.substr(0, 401));
+    // Runs of every length up to 80 side by side: runs of one symbol are attached and cut as one,
+    // and a shorter run meets the chain a longer one left.
+    std::string runs;
+    while (runs.size() < 2000)
+        runs += std::string(static_cast<std::size_t>(random.Index(80)), static_cast<char>('A' + random.Index(3) - 1));
+    texts.push_back(runs);
     // Plain random text long enough for groups of thousands of words tied on their counts and
     // their prefixes' counts, whose order is copied out of the trie and kept from pass to pass.
     texts.push_back(RandomLetters(random, 2500, 4));
