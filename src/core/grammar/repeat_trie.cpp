@@ -99,12 +99,22 @@ void RepeatTrie::AttachRun() {
     const std::int32_t symbol = text_.Symbol(start);
     const auto length = static_cast<std::int32_t>(run_.size());
     run_path_.assign(1, kRoot);
+    // The runs already there are read off the chain's index; the child table is asked once, for
+    // a leaf where the chain ends, and longer runs are new.
+    const std::vector<std::int32_t>& chain = chains_[symbol];
+    bool past_chain = false;
     bool leaf = false;
     for (std::int32_t k = 1; k <= std::min<std::int32_t>(length, max_depth_); ++k) {
         Step();
         const std::int32_t at = run_path_.back();
         const std::int32_t added = length - k + 1;
-        const std::int32_t found = FindChild(at, symbol);
+        std::int32_t found = -1;
+        if (static_cast<std::size_t>(k) < chain.size() && chain[k] >= 0) {
+            found = chain[k];
+        } else if (!past_chain) {
+            found = FindChild(at, symbol);
+            past_chain = true;
+        }
         if (found < 0 && added == 1) {
             // The whole run occurs here only: the first slot's path ends in a leaf.
             children_.Insert(ChildKey(at, symbol), kLeaf | start);

@@ -326,6 +326,9 @@ std::pair<std::int32_t, std::int32_t> WordListView::NodeAt(int length, int offse
         pairs_.Update(trie_);
         return pairs_.At(offset);
     }
+    // A word alone in its group is first in both orders; a long run or repeat makes thousands of
+    // such groups, which need no order kept.
+    if (trie_.GroupSize(length) == 1) return {trie_.Group(length).front(), 1};
     GroupOrder& order = Order(length);
     if (order.list.empty()) {
         for (const Placed& placed : order.selected) {
@@ -348,7 +351,7 @@ WordListView::Entry WordListView::At(int position) {
         const std::int32_t index = group.list_order[static_cast<std::size_t>(place.offset)];
         return Entry{group.length, group.words[index].count, index + 1};
     }
-    if (place.length > 2) {
+    if (place.length > 2 && trie_.GroupSize(place.length) > 1) {
         // In a group that dropping the overlaps left in search order, the first and last places
         // are the greatest and least counts, and no word need be picked out.
         const GroupOrder& order = ScannedOrder(place.length);
