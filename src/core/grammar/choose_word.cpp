@@ -17,7 +17,7 @@ void WalkRepresentatives(WordListView& list, Examine examine) {
         if (here.length < 2) return;
         const int start = i + 1 - here.rank;
         if (start < 2) return;
-        const WordListView::Entry first = list.At(start);
+        const WordListView::Entry first = list.At(start, WordListView::Rank::kUnneeded);
         if (first.length < 2) return;
         if (examine(start, first)) return;
         i = start - 1;
@@ -26,7 +26,7 @@ void WalkRepresentatives(WordListView& list, Examine examine) {
 
 int ChooseNvogram(WordListView& list) {
     const int start = LastGroupStart(list);
-    const WordListView::Entry first = list.At(start);
+    const WordListView::Entry first = list.At(start, WordListView::Rank::kUnneeded);
     if (first.length == 2 && first.count >= 3) return start;
     int chosen = 0;
     WalkRepresentatives(list, [&](int position, const WordListView::Entry& word) {
@@ -38,7 +38,7 @@ int ChooseNvogram(WordListView& list) {
 
 int ChooseShortestFirst(WordListView& list) {
     for (int position = LastGroupStart(list); position <= list.WordCount(); ++position) {
-        const WordListView::Entry word = list.At(position);
+        const WordListView::Entry word = list.At(position, WordListView::Rank::kUnneeded);
         if ((word.length == 2 && word.count >= 3) || (word.length >= 3 && word.count >= 2)) return position;
     }
     return 0;

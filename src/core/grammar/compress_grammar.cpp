@@ -104,7 +104,7 @@ bool Search(std::unique_ptr<WordListView>& list, Method method, std::int32_t& le
     list->Search(length);
     while (length != kUnlimited) {
         const int start = LastGroupStart(*list);
-        const int f = start < 1 ? 0 : list->At(start).count;
+        const int f = start < 1 ? 0 : list->At(start, WordListView::Rank::kUnneeded).count;
         if (method == Method::kNvogram) {
             if (f > 2) return true;
             length = kUnlimited;
@@ -197,7 +197,7 @@ GrammarResult CompressGrammar(CodedSequence coded, int alphabet_size, Method met
         }
         const int chosen = list->LastLength() < 2 ? 0 : ChooseWord(*list, method);
         if (chosen == 0) break;
-        const WordListView::Entry word = list->At(chosen);
+        const WordListView::Entry word = list->At(chosen, WordListView::Rank::kUnneeded);
         shown.Chosen(word.length, word.count);
         size += list->AddRule(chosen, ++code);
         result.pass_sizes.push_back(size);

@@ -1,12 +1,53 @@
 #include "grammar/word_list_view.h"
 
 #include <algorithm>
+#include <functional>
 #include <numeric>
+#include <span>
 #include <utility>
 
 #include "grammar/overlaps.h"
 
 namespace tessarin {
+namespace {
+
+// The `k`-th greatest of `keys` (from 0), found without reordering them. The keys between two
+// sampled ones that enclose the k-th, as a rule a small share of them, are selected among.
+std::uint64_t NthGreatest(std::span<const std::uint64_t> keys, std::size_t k, std::vector<std::uint64_t>& room) {
+    constexpr std::size_t kSample = 256;
+    constexpr std::size_t kMargin = 16;
+    auto select_all = [&] {
+        room.assign(keys.begin(), keys.end());
+        std::nth_element(room.begin(), room.begin() + static_cast<std::ptrdiff_t>(k), room.end(), std::greater<>());
+        return room[k];
+    };
+    if (keys.size() <= 4 * kSample) return select_all();
+    room.clear();
+    const std::size_t step = keys.size() / kSample;
+    for (std::size_t i = step / 2; i < keys.size(); i += step)
+        room.push_back(keys[i]);
+    std::sort(room.begin(), room.end(), std::greater<>());
+    const std::size_t at = k * room.size() / keys.size();
+    const std::uint64_t upper = room[at >= kMargin ? at - kMargin : 0];
+    const std::uint64_t lower = room[std::min(at + kMargin, room.size() - 1)];
+    // Without branches: which side a key falls on follows no pattern.
+    std::size_t above = 0;
+    std::size_t inside = 0;
+    room.resize(keys.size());
+    for (const std::uint64_t key : keys) {
+        above += key > upper;
+        room[inside] = key;
+        inside += key <= upper && key >= lower;
+    }
+    room.resize(inside);
+    // A sample that missed: the k-th lies outside the window.
+    if (k < above || k >= above + room.size()) return select_all();
+    const auto place = room.begin() + static_cast<std::ptrdiff_t>(k - above);
+    std::nth_element(room.begin(), place, room.end(), std::greater<>());
+    return *place;
+}
+
+}  // namespace
 
 WordListView::WordListView(std::span<const Rule> rules, int max_depth, RepeatTrie::Poll poll)
     : trie_(rules, max_depth, std::move(poll)) {
@@ -286,41 +327,75 @@ void WordListView::MarkStale(std::int32_t node, int levels_below) {
     }
 }
 
-// One place of a group in list order found without sorting the group: a scan for its first or
-// last word, a selection for any other, and a count of the words before it in search order for
-// its rank.
+// One place of a group in list order found without sorting the group. The list order refines
+// the order of CoarseKey: the place's word lies among the words that tie with it there, as a rule
+// a small share of a large group, and only comparisons between those can walk the trie. Its rank
+// is left to SearchRank.
 WordListView::Placed WordListView::Select(int length, int offset) {
-    // Where dropping the overlaps changed no count the list order is the search order: the place is the rank.
-    const bool reordered = ScannedOrder(length).reordered;
     const std::vector<Keyed>& words = KeptGroup(length);
-    auto before = [this](const Keyed& a, const Keyed& b) { return ListBefore(a, b); };
-    // The first and last places are found by one scan of the group itself; only a place inside
-    // needs a copy to select in.
-    Keyed chosen;
+    coarse_.resize(words.size());
+    std::transform(words.begin(), words.end(), coarse_.begin(), CoarseKey);
+    std::uint64_t key = 0;
     if (offset == 0) {
-        chosen = *std::min_element(words.begin(), words.end(), before);
+        key = *std::max_element(coarse_.begin(), coarse_.end());
     } else if (offset + 1 == static_cast<int>(words.size())) {
-        chosen = *std::max_element(words.begin(), words.end(), before);
+        key = *std::min_element(coarse_.begin(), coarse_.end());
     } else {
-        selection_.assign(words.begin(), words.end());
-        const auto place = selection_.begin() + offset;
-        std::nth_element(selection_.begin(), place, selection_.end(), before);
-        chosen = *place;
+        key = NthGreatest(coarse_, static_cast<std::size_t>(offset), coarse_room_);
     }
-    std::int32_t rank = offset + 1;
-    if (reordered) {
-        rank = 1;
-        for (const Keyed& other : words) {
-            if (other.node != chosen.node && SearchBefore(other, chosen)) ++rank;
-        }
+    int before = 0;
+    std::size_t tied = 0;
+    // The places of the tied words overwrite the keys already read.
+    for (std::size_t i = 0; i < words.size(); ++i) {
+        const std::uint64_t word_key = coarse_[i];
+        before += word_key > key;
+        coarse_[tied] = i;
+        tied += word_key == key;
     }
-    return Placed{offset, chosen.node, rank};
+    selection_.clear();
+    for (std::size_t i = 0; i < tied; ++i)
+        selection_.push_back(words[coarse_[i]]);
+    const auto place = selection_.begin() + (offset - before);
+    std::nth_element(selection_.begin(), place, selection_.end(),
+                     [this](const Keyed& a, const Keyed& b) { return ListBefore(a, b); });
+    return Placed{offset, place->node, 0};
+}
+
+// Where dropping the overlaps changed no count the list order is the search order: the rank is
+// the place. Otherwise the words before it in search order are counted.
+std::int32_t WordListView::SearchRank(int length, const Placed& placed) {
+    if (!ScannedOrder(length).reordered) return placed.offset + 1;
+    const std::vector<Keyed>& words = KeptGroup(length);
+    const Keyed& chosen = words[static_cast<std::size_t>(trie_.GroupIndex(placed.node))];
+    std::int32_t rank = 1;
+    for (const Keyed& other : words) {
+        if (other.node != chosen.node && SearchBefore(other, chosen)) ++rank;
+    }
+    return rank;
+}
+
+// A number that orders the words as their kept counts, counts and two prefixes' counts do, as far as
+// their sizes allow; a greater number comes first in the list. A field too large for its bits
+// takes the greatest value and leaves the fields after it 0, so that the number never orders two
+// words against the list, only ties some that the list tells apart.
+std::uint64_t WordListView::CoarseKey(const Keyed& word) {
+    constexpr int kBits = 16;
+    constexpr std::uint64_t kMost = (std::uint64_t{1} << kBits) - 1;
+    const std::uint64_t fields[] = {static_cast<std::uint64_t>(word.kept), word.counts[0] >> 32,
+                                    word.counts[0] & 0xFFFFFFFFU, word.counts[1] >> 32};
+    std::uint64_t key = 0;
+    bool saturated = false;
+    for (const std::uint64_t field : fields) {
+        key = key << kBits | (saturated ? 0 : std::min(field, kMost));
+        saturated = saturated || field >= kMost;
+    }
+    return key;
 }
 
 // The node at a place of a trie group in list order, with its rank. A walk asks for one or two
 // places of most groups, so these are selected one by one; a group asked about more often is
 // sorted once for the rest of the pass.
-std::pair<std::int32_t, std::int32_t> WordListView::NodeAt(int length, int offset) {
+std::pair<std::int32_t, std::int32_t> WordListView::NodeAt(int length, int offset, Rank rank) {
     constexpr std::size_t kSelectionsBeforeSorting = 4;
     if (length == 2) {
         pairs_.Update(trie_);
@@ -331,19 +406,23 @@ std::pair<std::int32_t, std::int32_t> WordListView::NodeAt(int length, int offse
     if (trie_.GroupSize(length) == 1) return {trie_.Group(length).front(), 1};
     GroupOrder& order = Order(length);
     if (order.list.empty()) {
-        for (const Placed& placed : order.selected) {
-            if (placed.offset == offset) return {placed.node, placed.rank};
+        auto answer = [&](Placed& placed) {
+            if (placed.rank == 0 && rank == Rank::kWanted) placed.rank = SearchRank(length, placed);
+            return std::pair{placed.node, placed.rank};
+        };
+        for (Placed& placed : order.selected) {
+            if (placed.offset == offset) return answer(placed);
         }
         if (order.selected.size() < kSelectionsBeforeSorting) {
             order.selected.push_back(Select(length, offset));
-            return {order.selected.back().node, order.selected.back().rank};
+            return answer(order.selected.back());
         }
         SortGroup(length, order);
     }
     return order.list[static_cast<std::size_t>(offset)];
 }
 
-WordListView::Entry WordListView::At(int position) {
+WordListView::Entry WordListView::At(int position, Rank rank) {
     const Place place = Locate(position);
     if (place.length < 2) return Entry{place.length, 0, 1};
     if (place.extension >= 0) {
@@ -359,8 +438,8 @@ WordListView::Entry WordListView::At(int position) {
         if (!order.reordered && place.offset == 0) return Entry{place.length, order.most_kept, 1};
         if (!order.reordered && place.offset == last) return Entry{place.length, order.fewest_kept, last + 1};
     }
-    const auto [node, rank] = NodeAt(place.length, place.offset);
-    return Entry{place.length, trie_.Kept(node), rank};
+    const auto [node, search_rank] = NodeAt(place.length, place.offset, rank);
+    return Entry{place.length, trie_.Kept(node), search_rank};
 }
 
 void WordListView::LastGroupOccurrences(int length, std::vector<std::vector<std::int32_t>>& starts,
@@ -467,7 +546,7 @@ std::int64_t WordListView::AddRule(int position, std::int32_t code) {
         starts.assign(group.starts.begin() + word.begin, group.starts.begin() + word.begin + word.count);
     } else {
         std::vector<std::int32_t> ends;
-        trie_.KeptOccurrences(NodeAt(place.length, place.offset).first, starts, ends);
+        trie_.KeptOccurrences(NodeAt(place.length, place.offset, Rank::kUnneeded).first, starts, ends);
     }
     trie_.Replace(starts, place.length, code);
     NoteChanges();

@@ -23,8 +23,9 @@ class WordListView {
     struct Entry {
         int length = 0;
         int count = 0;  // occurrences kept
-        int rank = 0;   // place in its group as the search ordered it, 1 = most frequent
+        int rank = 0;   // place in its group as the search ordered it, 1 = most frequent; 0 if not asked for
     };
+    enum class Rank { kWanted, kUnneeded };
 
     // The words of up to `max_depth` symbols of the rules; `poll` as the trie's.
     WordListView(std::span<const Rule> rules, int max_depth, RepeatTrie::Poll poll = {});
@@ -44,7 +45,9 @@ class WordListView {
     int WordCount() const;
     // The length of the last word; 0 for an empty list.
     int LastLength() const;
-    Entry At(int position);
+    // The rank costs a pass over a group that the dropped overlaps reordered; a caller that only
+    // looks at the length and count leaves it out.
+    Entry At(int position, Rank rank = Rank::kWanted);
 
     // Makes the word at `position` (2 or more symbols) the rule with `code`: its kept
     // occurrences are replaced and the rule appended. Answers the change of K_G.
@@ -68,7 +71,7 @@ class WordListView {
     struct Placed {
         int offset = 0;
         std::int32_t node = -1;
-        std::int32_t rank = 0;
+        std::int32_t rank = 0;  // 0 until asked for
     };
     // A word of a trie group with what the orders compare first, copied out of the trie because
     // a pass compares the words of a group many times over and the nodes lie far apart in
@@ -141,7 +144,11 @@ class WordListView {
     // Marks the copies of the word and of the longer words that copy its count to be read again.
     void MarkStale(std::int32_t node, int levels_below);
     Placed Select(int length, int offset);
-    std::pair<std::int32_t, std::int32_t> NodeAt(int length, int offset);
+    // The place's rank in the search order.
+    std::int32_t SearchRank(int length, const Placed& placed);
+    static std::uint64_t CoarseKey(const Keyed& word);
+    // The rank is 0 unless wanted.
+    std::pair<std::int32_t, std::int32_t> NodeAt(int length, int offset, Rank rank);
     // The parents of the next extension in list order, each with its kept occurrences.
     void LastGroupOccurrences(int length, std::vector<std::vector<std::int32_t>>& starts,
                               std::vector<std::vector<std::int32_t>>& ends);
@@ -153,8 +160,10 @@ class WordListView {
     GroupCursor cursor_;           // the group located last, until the groups change
     std::int64_t generation_ = 0;  // grows with every rule, so cached orders expire
     std::vector<GroupOrder> orders_;
-    std::vector<KeyedCopy> keyed_;  // per length, once a place is picked out of the group
-    std::vector<Keyed> selection_;  // room for Select, kept to spare an allocation per pass
+    std::vector<KeyedCopy> keyed_;            // per length, once a place is picked out of the group
+    std::vector<Keyed> selection_;            // room for Select, kept to spare an allocation per pass
+    std::vector<std::uint64_t> coarse_;       // room for Select: CoarseKey per word
+    std::vector<std::uint64_t> coarse_room_;  // and room to select among them
 };
 
 }  // namespace tessarin
