@@ -47,6 +47,36 @@ std::uint64_t NthGreatest(std::span<const std::uint64_t> keys, std::size_t k, st
     return *place;
 }
 
+// Four counts in 16 bits each. A count too large for its bits takes the greatest value and
+// leaves those after it 0, so that the number never orders two words against the counts, only
+// ties some that the counts tell apart.
+std::uint64_t PackCounts(const std::array<std::uint64_t, 4>& counts) {
+    constexpr int kBits = 16;
+    constexpr std::uint64_t kMost = (std::uint64_t{1} << kBits) - 1;
+    std::uint64_t key = 0;
+    bool saturated = false;
+    for (const std::uint64_t count : counts) {
+        key = key << kBits | (saturated ? 0 : std::min(count, kMost));
+        saturated = saturated || count >= kMost;
+    }
+    return key;
+}
+
+// Puts the places of the keys equal to `key` in `tied` and answers how many keys are greater.
+// Without branches, as in NthGreatest.
+std::size_t Tied(std::span<const std::uint64_t> keys, std::uint64_t key, std::vector<std::uint32_t>& tied) {
+    std::size_t greater = 0;
+    std::size_t count = 0;
+    tied.resize(keys.size());
+    for (std::size_t i = 0; i < keys.size(); ++i) {
+        greater += keys[i] > key;
+        tied[count] = static_cast<std::uint32_t>(i);
+        count += keys[i] == key;
+    }
+    tied.resize(count);
+    return greater;
+}
+
 }  // namespace
 
 WordListView::WordListView(std::span<const Rule> rules, int max_depth, RepeatTrie::Poll poll)
@@ -174,8 +204,10 @@ WordListView::GroupOrder& WordListView::ScannedOrder(int length) {
     // A group a place has been picked out of is likely to be again: its copy is kept up to date
     // and read in order. Other groups are read from the trie, as far as the scan goes.
     if (Copied(length)) {
-        for (Keyed& word : KeyedGroup(length)) {
-            if (!take(KeptOf(word), word.Count())) break;
+        const std::size_t size = KeyedGroup(length).size();
+        KeyedCopy& copy = keyed_[length];
+        for (std::size_t index = 0; index < size; ++index) {
+            if (!take(KeptAt(copy, index), copy.words[index].Count())) break;
         }
     } else {
         for (const std::int32_t node : trie_.Group(length)) {
@@ -245,11 +277,18 @@ std::vector<WordListView::Keyed>& WordListView::KeyedGroup(int length) {
     KeyedCopy& copy = keyed_[length];
     const std::vector<std::int32_t>& group = trie_.Group(length);
     auto read = [&](std::size_t index) {
-        copy.words[index] = ReadKeyed(group[index]);
-        if (copy.words[index].kept < 0) copy.unkept.push_back(static_cast<std::int32_t>(index));
+        const Keyed& word = copy.words[index] = ReadKeyed(group[index]);
+        copy.search_keys[index] = SearchKey(word);
+        if (word.kept < 0) {
+            copy.unkept.push_back(static_cast<std::int32_t>(index));
+        } else {
+            copy.list_keys[index] = ListKey(word);
+        }
     };
     const std::size_t old_size = copy.words.size();
     copy.words.resize(group.size());
+    copy.list_keys.resize(group.size());
+    copy.search_keys.resize(group.size());
     if (old_size == 0) {
         copy.stale.clear();
         copy.unkept.clear();
@@ -265,19 +304,23 @@ std::vector<WordListView::Keyed>& WordListView::KeyedGroup(int length) {
     return copy.words;
 }
 
-std::int32_t WordListView::KeptOf(Keyed& word) {
-    if (word.kept < 0) word.kept = trie_.Kept(word.node);
+std::int32_t WordListView::KeptAt(KeyedCopy& copy, std::size_t index) {
+    Keyed& word = copy.words[index];
+    if (word.kept < 0) {
+        word.kept = trie_.Kept(word.node);
+        copy.list_keys[index] = ListKey(word);
+    }
     return word.kept;
 }
 
 // The copy with every kept count worked out, which then stay worked out until a count changes.
 std::vector<WordListView::Keyed>& WordListView::KeptGroup(int length) {
     std::vector<Keyed>& words = KeyedGroup(length);
-    std::vector<std::int32_t>& unkept = keyed_[length].unkept;
-    for (const std::int32_t place : unkept) {
-        if (static_cast<std::size_t>(place) < words.size()) KeptOf(words[static_cast<std::size_t>(place)]);
+    KeyedCopy& copy = keyed_[length];
+    for (const std::int32_t place : copy.unkept) {
+        if (static_cast<std::size_t>(place) < words.size()) KeptAt(copy, static_cast<std::size_t>(place));
     }
-    unkept.clear();
+    copy.unkept.clear();
     return words;
 }
 
@@ -328,33 +371,24 @@ void WordListView::MarkStale(std::int32_t node, int levels_below) {
 }
 
 // One place of a group in list order found without sorting the group. The list order refines
-// the order of CoarseKey: the place's word lies among the words that tie with it there, as a rule
-// a small share of a large group, and only comparisons between those can walk the trie. Its rank
-// is left to SearchRank.
+// the order of ListKey: the place's word lies among the words that tie with it there, as a rule a
+// small share of a large group, and only comparisons between those can walk the trie. Its rank is
+// left to SearchRank.
 WordListView::Placed WordListView::Select(int length, int offset) {
     const std::vector<Keyed>& words = KeptGroup(length);
-    coarse_.resize(words.size());
-    std::transform(words.begin(), words.end(), coarse_.begin(), CoarseKey);
+    const std::vector<std::uint64_t>& keys = keyed_[length].list_keys;
     std::uint64_t key = 0;
     if (offset == 0) {
-        key = *std::max_element(coarse_.begin(), coarse_.end());
+        key = *std::max_element(keys.begin(), keys.end());
     } else if (offset + 1 == static_cast<int>(words.size())) {
-        key = *std::min_element(coarse_.begin(), coarse_.end());
+        key = *std::min_element(keys.begin(), keys.end());
     } else {
-        key = NthGreatest(coarse_, static_cast<std::size_t>(offset), coarse_room_);
+        key = NthGreatest(keys, static_cast<std::size_t>(offset), select_room_);
     }
-    int before = 0;
-    std::size_t tied = 0;
-    // The places of the tied words overwrite the keys already read.
-    for (std::size_t i = 0; i < words.size(); ++i) {
-        const std::uint64_t word_key = coarse_[i];
-        before += word_key > key;
-        coarse_[tied] = i;
-        tied += word_key == key;
-    }
+    const int before = static_cast<int>(Tied(keys, key, tied_));
     selection_.clear();
-    for (std::size_t i = 0; i < tied; ++i)
-        selection_.push_back(words[coarse_[i]]);
+    for (const std::uint32_t index : tied_)
+        selection_.push_back(words[index]);
     const auto place = selection_.begin() + (offset - before);
     std::nth_element(selection_.begin(), place, selection_.end(),
                      [this](const Keyed& a, const Keyed& b) { return ListBefore(a, b); });
@@ -362,34 +396,30 @@ WordListView::Placed WordListView::Select(int length, int offset) {
 }
 
 // Where dropping the overlaps changed no count the list order is the search order: the rank is
-// the place. Otherwise the words before it in search order are counted.
+// the place. Otherwise the words before it in search order are counted, by SearchKey and, among
+// the words tied with it there, by comparison.
 std::int32_t WordListView::SearchRank(int length, const Placed& placed) {
     if (!ScannedOrder(length).reordered) return placed.offset + 1;
     const std::vector<Keyed>& words = KeptGroup(length);
-    const Keyed& chosen = words[static_cast<std::size_t>(trie_.GroupIndex(placed.node))];
-    std::int32_t rank = 1;
-    for (const Keyed& other : words) {
-        if (other.node != chosen.node && SearchBefore(other, chosen)) ++rank;
+    const std::vector<std::uint64_t>& keys = keyed_[length].search_keys;
+    const auto chosen = static_cast<std::size_t>(trie_.GroupIndex(placed.node));
+    auto rank = static_cast<std::int32_t>(1 + Tied(keys, keys[chosen], tied_));
+    for (const std::uint32_t index : tied_) {
+        if (index != chosen && SearchBefore(words[index], words[chosen])) ++rank;
     }
     return rank;
 }
 
-// A number that orders the words as their kept counts, counts and two prefixes' counts do, as far as
-// their sizes allow; a greater number comes first in the list. A field too large for its bits
-// takes the greatest value and leaves the fields after it 0, so that the number never orders two
-// words against the list, only ties some that the list tells apart.
-std::uint64_t WordListView::CoarseKey(const Keyed& word) {
-    constexpr int kBits = 16;
-    constexpr std::uint64_t kMost = (std::uint64_t{1} << kBits) - 1;
-    const std::uint64_t fields[] = {static_cast<std::uint64_t>(word.kept), word.counts[0] >> 32,
-                                    word.counts[0] & 0xFFFFFFFFU, word.counts[1] >> 32};
-    std::uint64_t key = 0;
-    bool saturated = false;
-    for (const std::uint64_t field : fields) {
-        key = key << kBits | (saturated ? 0 : std::min(field, kMost));
-        saturated = saturated || field >= kMost;
-    }
-    return key;
+// The kept count, the count and two prefixes' counts.
+std::uint64_t WordListView::ListKey(const Keyed& word) {
+    return PackCounts({static_cast<std::uint64_t>(word.kept), word.counts[0] >> 32, word.counts[0] & 0xFFFFFFFFU,
+                       word.counts[1] >> 32});
+}
+
+// The count and three prefixes' counts.
+std::uint64_t WordListView::SearchKey(const Keyed& word) {
+    return PackCounts(
+        {word.counts[0] >> 32, word.counts[0] & 0xFFFFFFFFU, word.counts[1] >> 32, word.counts[1] & 0xFFFFFFFFU});
 }
 
 // The node at a place of a trie group in list order, with its rank. A walk asks for one or two

@@ -91,6 +91,9 @@ class WordListView {
     // thousands, and reading it all again before each pick cost as much as the pick.
     struct KeyedCopy {
         std::vector<Keyed> words;
+        // Per place, the word's ListKey and SearchKey: the scans of a pick read these 8 bytes a word.
+        std::vector<std::uint64_t> list_keys;
+        std::vector<std::uint64_t> search_keys;
         std::vector<std::int32_t> stale;   // places whose word moved or whose counts changed
         std::vector<std::int32_t> unkept;  // places read again whose kept count is still to work out
     };
@@ -137,7 +140,8 @@ class WordListView {
     void MarkPlaceStale(int length, std::int32_t index);
     // The group's words with their counts, in the trie's order of the group.
     std::vector<Keyed>& KeyedGroup(int length);
-    std::int32_t KeptOf(Keyed& word);
+    // The kept count of the word at a place of the copy, worked out if it is not yet.
+    std::int32_t KeptAt(KeyedCopy& copy, std::size_t index);
     std::vector<Keyed>& KeptGroup(int length);
     // Takes in the words whose counts the last build or rule changed.
     void NoteChanges();
@@ -146,7 +150,10 @@ class WordListView {
     Placed Select(int length, int offset);
     // The place's rank in the search order.
     std::int32_t SearchRank(int length, const Placed& placed);
-    static std::uint64_t CoarseKey(const Keyed& word);
+    // Numbers that order the words as the list and the search do, as far as the copied counts go;
+    // a greater number comes first.
+    static std::uint64_t ListKey(const Keyed& word);
+    static std::uint64_t SearchKey(const Keyed& word);
     // The rank is 0 unless wanted.
     std::pair<std::int32_t, std::int32_t> NodeAt(int length, int offset, Rank rank);
     // The parents of the next extension in list order, each with its kept occurrences.
@@ -162,8 +169,8 @@ class WordListView {
     std::vector<GroupOrder> orders_;
     std::vector<KeyedCopy> keyed_;            // per length, once a place is picked out of the group
     std::vector<Keyed> selection_;            // room for Select, kept to spare an allocation per pass
-    std::vector<std::uint64_t> coarse_;       // room for Select: CoarseKey per word
-    std::vector<std::uint64_t> coarse_room_;  // and room to select among them
+    std::vector<std::uint32_t> tied_;         // room for Select and SearchRank: places of tied words
+    std::vector<std::uint64_t> select_room_;  // room for Select to select among keys
 };
 
 }  // namespace tessarin
