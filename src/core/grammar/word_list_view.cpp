@@ -1,51 +1,14 @@
 #include "grammar/word_list_view.h"
 
 #include <algorithm>
-#include <functional>
 #include <numeric>
-#include <span>
 #include <utility>
 
+#include "grammar/key_selection.h"
 #include "grammar/overlaps.h"
 
 namespace tessarin {
 namespace {
-
-// The `k`-th greatest of `keys` (from 0), found without reordering them. The keys between two
-// sampled ones that enclose the k-th, as a rule a small share of them, are selected among.
-std::uint64_t NthGreatest(std::span<const std::uint64_t> keys, std::size_t k, std::vector<std::uint64_t>& room) {
-    constexpr std::size_t kSample = 256;
-    constexpr std::size_t kMargin = 16;
-    auto select_all = [&] {
-        room.assign(keys.begin(), keys.end());
-        std::nth_element(room.begin(), room.begin() + static_cast<std::ptrdiff_t>(k), room.end(), std::greater<>());
-        return room[k];
-    };
-    if (keys.size() <= 4 * kSample) return select_all();
-    room.clear();
-    const std::size_t step = keys.size() / kSample;
-    for (std::size_t i = step / 2; i < keys.size(); i += step)
-        room.push_back(keys[i]);
-    std::sort(room.begin(), room.end(), std::greater<>());
-    const std::size_t at = k * room.size() / keys.size();
-    const std::uint64_t upper = room[at >= kMargin ? at - kMargin : 0];
-    const std::uint64_t lower = room[std::min(at + kMargin, room.size() - 1)];
-    // Without branches: which side a key falls on follows no pattern.
-    std::size_t above = 0;
-    std::size_t inside = 0;
-    room.resize(keys.size());
-    for (const std::uint64_t key : keys) {
-        above += key > upper;
-        room[inside] = key;
-        inside += key <= upper && key >= lower;
-    }
-    room.resize(inside);
-    // A sample that missed: the k-th lies outside the window.
-    if (k < above || k >= above + room.size()) return select_all();
-    const auto place = room.begin() + static_cast<std::ptrdiff_t>(k - above);
-    std::nth_element(room.begin(), place, room.end(), std::greater<>());
-    return *place;
-}
 
 // Four counts in 16 bits each. A count too large for its bits takes the greatest value and
 // leaves those after it 0, so that the number never orders two words against the counts, only
@@ -60,21 +23,6 @@ std::uint64_t PackCounts(const std::array<std::uint64_t, 4>& counts) {
         saturated = saturated || count >= kMost;
     }
     return key;
-}
-
-// Puts the places of the keys equal to `key` in `tied` and answers how many keys are greater.
-// Without branches, as in NthGreatest.
-std::size_t Tied(std::span<const std::uint64_t> keys, std::uint64_t key, std::vector<std::uint32_t>& tied) {
-    std::size_t greater = 0;
-    std::size_t count = 0;
-    tied.resize(keys.size());
-    for (std::size_t i = 0; i < keys.size(); ++i) {
-        greater += keys[i] > key;
-        tied[count] = static_cast<std::uint32_t>(i);
-        count += keys[i] == key;
-    }
-    tied.resize(count);
-    return greater;
 }
 
 }  // namespace
@@ -385,14 +333,11 @@ WordListView::Placed WordListView::Select(int length, int offset) {
     } else {
         key = NthGreatest(keys, static_cast<std::size_t>(offset), select_room_);
     }
-    const int before = static_cast<int>(Tied(keys, key, tied_));
-    selection_.clear();
-    for (const std::uint32_t index : tied_)
-        selection_.push_back(words[index]);
-    const auto place = selection_.begin() + (offset - before);
-    std::nth_element(selection_.begin(), place, selection_.end(),
-                     [this](const Keyed& a, const Keyed& b) { return ListBefore(a, b); });
-    return Placed{offset, place->node, 0};
+    const auto before = static_cast<std::ptrdiff_t>(Tied(keys, key, tied_));
+    const auto place = tied_.begin() + (offset - before);
+    std::nth_element(tied_.begin(), place, tied_.end(),
+                     [&](std::uint32_t a, std::uint32_t b) { return ListBefore(words[a], words[b]); });
+    return Placed{offset, words[*place].node, 0};
 }
 
 // Where dropping the overlaps changed no count the list order is the search order: the rank is

@@ -168,7 +168,6 @@ class WordListView {
     std::int64_t generation_ = 0;  // grows with every rule, so cached orders expire
     std::vector<GroupOrder> orders_;
     std::vector<KeyedCopy> keyed_;            // per length, once a place is picked out of the group
-    std::vector<Keyed> selection_;            // room for Select, kept to spare an allocation per pass
     std::vector<std::uint32_t> tied_;         // room for Select and SearchRank: places of tied words
     std::vector<std::uint64_t> select_room_;  // room for Select to select among keys
 };
