@@ -69,6 +69,20 @@ BENCHMARK(BM_CompressRun)
     ->Iterations(1)
     ->Unit(benchmark::kMillisecond);
 
+// A stretch of period two, as a symbolised periodic signal gives: unlike a run of one symbol, its
+// words are still walked slot by slot, so the time grows with the square of the length.
+void BM_CompressPeriodTwo(benchmark::State& state) {
+    std::string text;
+    for (int k = 0; k < state.range(1) / 2; ++k)
+        text += "AC";
+    Compress(state, text, static_cast<Method>(state.range(0)));
+}
+BENCHMARK(BM_CompressPeriodTwo)
+    ->ArgNames({"method", "length"})
+    ->ArgsProduct({{2, 3}, {5000, 20000}})
+    ->Iterations(1)
+    ->Unit(benchmark::kMillisecond);
+
 void BM_CompressExample(benchmark::State& state, const std::string& name) {
     Compress(state, ReadTextFile(std::filesystem::path(TESSARIN_EXAMPLES) / name), static_cast<Method>(state.range(0)));
 }
