@@ -127,19 +127,8 @@ void RepeatTrie::AttachRun() {
             child = NewNode(at, symbol);
             nodes_[child].border = BorderOfNew(child, start);
         } else if ((found & kLeaf) != 0) {
-            // A run of exactly k symbols met before: its slot walks on from the new node.
-            const std::int32_t other = found & ~kLeaf;
-            children_.Erase(ChildKey(at, symbol));
-            has_leaf_[other] = 0;
-            child = NewNode(at, symbol);
-            nodes_[child].border = BorderOfNew(child, start);
-            RemoveSlot(at, other);
-            AddSlot(child, other);
-            path_end_[other] = child;
-            end_slot_[other] = k == 1 ? other : text_.Next(end_slot_[other]);
-            nodes_[child].count = 1;
-            nodes_[child].first_occurrence = other;
-            pending_.push_back(other);
+            // A run of exactly k symbols met before.
+            child = NodeFromLeaf(at, symbol, found & ~kLeaf, start);
         }
         CountChanged(child);
         Node& node = nodes_[child];
@@ -279,23 +268,7 @@ void RepeatTrie::Extend(std::int32_t slot) {
             }
             // A slot walked on twice (cut for two occurrences) finds its own leaf: its path is whole.
             if (found == (kLeaf | start)) break;
-            std::int32_t child = found;
-            if ((found & kLeaf) != 0) {
-                // A second occurrence: the leaf becomes a node, and the slot that ended in it
-                // walks on from there.
-                const std::int32_t other = found & ~kLeaf;
-                children_.Erase(ChildKey(at, symbol));
-                has_leaf_[other] = 0;
-                child = NewNode(at, symbol);
-                nodes_[child].border = BorderOfNew(child, start);
-                RemoveSlot(at, other);
-                AddSlot(child, other);
-                path_end_[other] = child;
-                end_slot_[other] = depth == 0 ? other : text_.Next(end_slot_[other]);
-                nodes_[child].count = 1;
-                nodes_[child].first_occurrence = other;
-                pending_.push_back(other);
-            }
+            const std::int32_t child = (found & kLeaf) != 0 ? NodeFromLeaf(at, symbol, found & ~kLeaf, start) : found;
             Step();
             CountChanged(child);
             Node& node = nodes_[child];
@@ -316,6 +289,23 @@ void RepeatTrie::Extend(std::int32_t slot) {
             end_slot_[start] = end;
         }
     }
+}
+
+// A second occurrence of the word the leaf of `other` stood for, found from `start`: the leaf
+// becomes a node that counts the one occurrence, and `other` walks on from there.
+std::int32_t RepeatTrie::NodeFromLeaf(std::int32_t at, std::int32_t symbol, std::int32_t other, std::int32_t start) {
+    children_.Erase(ChildKey(at, symbol));
+    has_leaf_[other] = 0;
+    const std::int32_t child = NewNode(at, symbol);
+    nodes_[child].border = BorderOfNew(child, start);
+    RemoveSlot(at, other);
+    AddSlot(child, other);
+    path_end_[other] = child;
+    end_slot_[other] = at == kRoot ? other : text_.Next(end_slot_[other]);
+    nodes_[child].count = 1;
+    nodes_[child].first_occurrence = other;
+    pending_.push_back(other);
+    return child;
 }
 
 // A node's first few children are looked through before the child table: a child found there is

@@ -133,6 +133,7 @@ class RepeatTrie {
     // Attaches the slots of a longest run of one symbol, `run_` in text order.
     void AttachRun();
     void Extend(std::int32_t slot);
+    std::int32_t NodeFromLeaf(std::int32_t at, std::int32_t symbol, std::int32_t other, std::int32_t start);
     // `end`: the last slot of the word of `depth` symbols that starts at `slot`.
     void Cut(std::int32_t slot, int depth, std::int32_t end);
     void Collapse(std::int32_t node);
