@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <span>
 #include <tuple>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -35,7 +36,10 @@ class PairRanking {
 
     RankedSet<std::tuple<std::int32_t, std::int32_t, std::int32_t>> by_search_;              // -count, symbols
     RankedSet<std::tuple<std::int32_t, std::int32_t, std::int32_t, std::int32_t>> by_list_;  // -kept, -count, symbols
-    std::vector<Handles> handles_;                                                           // per trie node
+    // Per pair node. A genome's trie has tens of millions of nodes and a few thousand pairs: a
+    // bit per node tells which are ranked, and only those have handles.
+    std::vector<bool> ranked_;
+    std::unordered_map<std::int32_t, Handles> handles_;
     std::vector<std::int32_t> noted_;
 };
 

@@ -14,7 +14,7 @@ RepeatTrie::RepeatTrie(std::span<const Rule> rules, int max_depth, Poll poll)
     // Almost every slot ends its path in a leaf of the child table, and the words that repeat add
     // some more entries: room for a quarter more than the slots spares rebuilding a table of millions.
     children_.Reserve(static_cast<std::size_t>(slots) + static_cast<std::size_t>(slots) / 4 + 1024);
-    nodes_.emplace_back();
+    nodes_.push_back(Node{});
     stretch_tops_.push_back(-1);
     path_end_.reserve(text_.SlotCapacity());
     has_leaf_.reserve(text_.SlotCapacity());
@@ -41,15 +41,15 @@ int RepeatTrie::GroupSize(int length) const {
     return static_cast<std::size_t>(length) < groups_.size() ? static_cast<int>(groups_[length].size()) : 0;
 }
 
-std::vector<std::int32_t> RepeatTrie::TakeChangedNodes() {
+const std::vector<std::int32_t>& RepeatTrie::TakeChangedNodes() {
     for (const std::int32_t node : taken_changed_)
         nodes_[node].taken_as_changed = false;
     for (const std::int32_t node : changed_nodes_) {
         nodes_[node].changed = false;
         nodes_[node].taken_as_changed = true;
     }
-    taken_changed_ = changed_nodes_;
-    return std::exchange(changed_nodes_, {});
+    taken_changed_ = std::exchange(changed_nodes_, {});
+    return taken_changed_;
 }
 
 // ---- Paths ----
@@ -158,13 +158,13 @@ void RepeatTrie::Attach(std::int32_t slot) {
 
 std::int32_t RepeatTrie::NewNode(std::int32_t parent, std::int32_t symbol) {
     std::int32_t index;
-    if (free_nodes_.empty()) {
+    if (free_node_ < 0) {
         index = static_cast<std::int32_t>(nodes_.size());
-        nodes_.emplace_back();
+        nodes_.push_back(Node{});
         stretch_tops_.push_back(-1);
     } else {
-        index = free_nodes_.back();
-        free_nodes_.pop_back();
+        index = free_node_;
+        free_node_ = nodes_[index].next_sibling;
         nodes_[index] = Node{};
         stretch_tops_[index] = -1;
     }
@@ -210,7 +210,8 @@ void RepeatTrie::DeleteNode(std::int32_t index) {
     }
     if (node.run) chains_[node.symbol][node.depth] = -1;
     node.parent = -1;
-    free_nodes_.push_back(index);
+    node.next_sibling = free_node_;
+    free_node_ = index;
 }
 
 void RepeatTrie::JoinGroup(std::int32_t index) {
@@ -238,7 +239,10 @@ void RepeatTrie::LeaveGroup(std::int32_t index) {
 void RepeatTrie::CountChanged(std::int32_t index) {
     Node& node = nodes_[index];
     node.kept = kUnknown;
-    if (!node.changed) {
+    // During the build every node changes and nothing outside has read a count yet: a list of
+    // them all would only cost memory.
+    const bool building = scanned_ >= 0;
+    if (!node.changed && !building) {
         node.changed = true;
         changed_nodes_.push_back(index);
     }

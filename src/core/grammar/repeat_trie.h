@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "common/open_hash_map.h"
+#include "common/remapped_array.h"
 #include "grammar/grammar.h"
 #include "grammar/linked_rules.h"
 
@@ -63,9 +64,9 @@ class RepeatTrie {
     // Those occurrences, by their first and last slots, in text order.
     void KeptOccurrences(std::int32_t node, std::vector<std::int32_t>& starts, std::vector<std::int32_t>& ends);
 
-    // The nodes whose count changed since the last call, each once; they may have gone, or been
-    // taken for other words, since.
-    std::vector<std::int32_t> TakeChangedNodes();
+    // The nodes whose count changed since the last call (not counting the build), each once; they
+    // may have gone, or been taken for other words, since. Valid until the next call.
+    const std::vector<std::int32_t>& TakeChangedNodes();
     // The nodes moved to another place of their group, as a word left it, since the last call;
     // they may have gone, or left their groups, since.
     std::vector<std::int32_t> TakeMovedNodes() { return std::exchange(moved_nodes_, {}); }
@@ -176,12 +177,14 @@ class RepeatTrie {
     std::uint64_t steps_ = 0;
     double scanned_ = -1;
     bool stopped_ = false;
-    std::vector<Node> nodes_;
-    std::vector<std::int32_t> free_nodes_;
-    std::vector<std::int32_t> stretch_tops_;  // per node: its StretchTop as last found, or -1
-    std::vector<std::int32_t> stretch_walk_;  // room for StretchTop
-    OpenHashMap children_;                    // (parent, symbol) -> child of a node with many, or kLeaf | slot
-    std::vector<std::int32_t> path_end_;      // per slot: the node where its path ends, -1 for a removed slot
+    RemappedArray<Node> nodes_;
+    // The last node to go, and from it each to the one that went before, through next_sibling:
+    // the long repeats of a genome free millions of nodes in its first passes.
+    std::int32_t free_node_ = -1;
+    RemappedArray<std::int32_t> stretch_tops_;  // per node: its StretchTop as last found, or -1
+    std::vector<std::int32_t> stretch_walk_;    // room for StretchTop
+    OpenHashMap children_;                      // (parent, symbol) -> child of a node with many, or kLeaf | slot
+    std::vector<std::int32_t> path_end_;        // per slot: the node where its path ends, -1 for a removed slot
     // Per slot: the last slot of the word where its path ends, so that a path is walked on from
     // its end without stepping through a long word again.
     std::vector<std::int32_t> end_slot_;

@@ -29,7 +29,8 @@ std::uint64_t PackCounts(const std::array<std::uint64_t, 4>& counts) {
 
 WordListView::WordListView(std::span<const Rule> rules, int max_depth, RepeatTrie::Poll poll)
     : trie_(rules, max_depth, std::move(poll)) {
-    NoteChanges();
+    // The build lists no changes: the pairs are all new to the ranking.
+    if (trie_.GroupSize(2) > 0) pairs_.Note(trie_, trie_.Group(2));
 }
 
 int WordListView::TopTrieLength() const {
@@ -273,7 +274,7 @@ std::vector<WordListView::Keyed>& WordListView::KeptGroup(int length) {
 }
 
 void WordListView::NoteChanges() {
-    const std::vector<std::int32_t> changed = trie_.TakeChangedNodes();
+    const std::vector<std::int32_t>& changed = trie_.TakeChangedNodes();
     pairs_.Note(trie_, changed);
     for (const std::int32_t node : trie_.TakeMovedNodes()) {
         if (trie_.Alive(node) && trie_.GroupIndex(node) >= 0) MarkPlaceStale(trie_.Depth(node), trie_.GroupIndex(node));
