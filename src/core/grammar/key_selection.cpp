@@ -4,18 +4,51 @@
 #include <functional>
 
 namespace tessarin {
+namespace {
 
-// The keys between two sampled ones that enclose the k-th, as a rule a small share of them, are
-// selected among.
-std::uint64_t NthGreatest(std::span<const std::uint64_t> keys, std::size_t k, std::vector<std::uint64_t>& room) {
+// The greatest or least key and its places in one pass: a new extreme, which restarts the list,
+// turns up rarely once the pass is under way.
+template <typename Beats>
+std::uint64_t TiedWithExtreme(std::span<const std::uint64_t> keys, std::vector<std::uint32_t>& tied, Beats beats) {
+    std::uint64_t extreme = keys[0];
+    std::size_t count = 0;
+    tied.resize(keys.size());
+    for (std::size_t i = 0; i < keys.size(); ++i) {
+        if (beats(keys[i], extreme)) {
+            extreme = keys[i];
+            count = 0;
+        }
+        tied[count] = static_cast<std::uint32_t>(i);
+        count += keys[i] == extreme;
+    }
+    tied.resize(count);
+    return extreme;
+}
+
+std::uint64_t SelectAll(std::span<const std::uint64_t> keys, std::size_t k, std::vector<std::uint64_t>& room) {
+    room.assign(keys.begin(), keys.end());
+    std::nth_element(room.begin(), room.begin() + static_cast<std::ptrdiff_t>(k), room.end(), std::greater<>());
+    return room[k];
+}
+
+}  // namespace
+
+// Between the first and the last, the keys between two sampled ones that enclose the k-th (as a
+// rule a small share of them) are listed with their places in one pass, and the k-th and its ties
+// are found among those.
+std::size_t TiedWithNth(std::span<const std::uint64_t> keys, std::size_t k, std::vector<std::uint32_t>& tied,
+                        std::vector<std::uint64_t>& room) {
     constexpr std::size_t kSample = 256;
     constexpr std::size_t kMargin = 16;
-    auto select_all = [&] {
-        room.assign(keys.begin(), keys.end());
-        std::nth_element(room.begin(), room.begin() + static_cast<std::ptrdiff_t>(k), room.end(), std::greater<>());
-        return room[k];
-    };
-    if (keys.size() <= 4 * kSample) return select_all();
+    if (k == 0) {
+        TiedWithExtreme(keys, tied, std::greater<>());
+        return 0;
+    }
+    if (k + 1 == keys.size()) {
+        TiedWithExtreme(keys, tied, std::less<>());
+        return keys.size() - tied.size();
+    }
+    if (keys.size() <= 4 * kSample) return Tied(keys, SelectAll(keys, k, room), tied);
     room.clear();
     const std::size_t step = keys.size() / kSample;
     for (std::size_t i = step / 2; i < keys.size(); i += step)
@@ -28,17 +61,29 @@ std::uint64_t NthGreatest(std::span<const std::uint64_t> keys, std::size_t k, st
     std::size_t above = 0;
     std::size_t inside = 0;
     room.resize(keys.size());
-    for (const std::uint64_t key : keys) {
+    tied.resize(keys.size());
+    for (std::size_t i = 0; i < keys.size(); ++i) {
+        const std::uint64_t key = keys[i];
         above += key > upper;
         room[inside] = key;
+        tied[inside] = static_cast<std::uint32_t>(i);
         inside += key <= upper && key >= lower;
     }
-    room.resize(inside);
     // A sample that missed: the k-th lies outside the window.
-    if (k < above || k >= above + room.size()) return select_all();
+    if (k < above || k >= above + inside) return Tied(keys, SelectAll(keys, k, room), tied);
+    tied.resize(inside);
+    room.resize(inside);
     const auto place = room.begin() + static_cast<std::ptrdiff_t>(k - above);
     std::nth_element(room.begin(), place, room.end(), std::greater<>());
-    return *place;
+    const std::uint64_t nth = *place;
+    std::size_t count = 0;
+    for (const std::uint32_t index : tied) {
+        above += keys[index] > nth;
+        tied[count] = index;
+        count += keys[index] == nth;
+    }
+    tied.resize(count);
+    return above;
 }
 
 // Without branches: which side a key falls on follows no pattern.

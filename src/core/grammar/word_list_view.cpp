@@ -326,15 +326,8 @@ void WordListView::MarkStale(std::int32_t node, int levels_below) {
 WordListView::Placed WordListView::Select(int length, int offset) {
     const std::vector<Keyed>& words = KeptGroup(length);
     const std::vector<std::uint64_t>& keys = keyed_[length].list_keys;
-    std::uint64_t key = 0;
-    if (offset == 0) {
-        key = *std::max_element(keys.begin(), keys.end());
-    } else if (offset + 1 == static_cast<int>(words.size())) {
-        key = *std::min_element(keys.begin(), keys.end());
-    } else {
-        key = NthGreatest(keys, static_cast<std::size_t>(offset), select_room_);
-    }
-    const auto before = static_cast<std::ptrdiff_t>(Tied(keys, key, tied_));
+    const auto before =
+        static_cast<std::ptrdiff_t>(TiedWithNth(keys, static_cast<std::size_t>(offset), tied_, select_room_));
     const auto place = tied_.begin() + (offset - before);
     std::nth_element(tied_.begin(), place, tied_.end(),
                      [&](std::uint32_t a, std::uint32_t b) { return ListBefore(words[a], words[b]); });
