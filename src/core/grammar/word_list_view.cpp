@@ -4,7 +4,6 @@
 #include <numeric>
 #include <utility>
 
-#include "grammar/key_selection.h"
 #include "grammar/overlaps.h"
 
 namespace tessarin {
@@ -227,17 +226,17 @@ std::vector<WordListView::Keyed>& WordListView::KeyedGroup(int length) {
     const std::vector<std::int32_t>& group = trie_.Group(length);
     auto read = [&](std::size_t index) {
         const Keyed& word = copy.words[index] = ReadKeyed(group[index]);
-        copy.search_keys[index] = SearchKey(word);
+        copy.search_keys.Set(index, SearchKey(word));
         if (word.kept < 0) {
             copy.unkept.push_back(static_cast<std::int32_t>(index));
         } else {
-            copy.list_keys[index] = ListKey(word);
+            copy.list_keys.Set(index, ListKey(word));
         }
     };
     const std::size_t old_size = copy.words.size();
     copy.words.resize(group.size());
-    copy.list_keys.resize(group.size());
-    copy.search_keys.resize(group.size());
+    copy.list_keys.Resize(group.size());
+    copy.search_keys.Resize(group.size());
     if (old_size == 0) {
         copy.stale.clear();
         copy.unkept.clear();
@@ -257,7 +256,7 @@ std::int32_t WordListView::KeptAt(KeyedCopy& copy, std::size_t index) {
     Keyed& word = copy.words[index];
     if (word.kept < 0) {
         word.kept = trie_.Kept(word.node);
-        copy.list_keys[index] = ListKey(word);
+        copy.list_keys.Set(index, ListKey(word));
     }
     return word.kept;
 }
@@ -325,9 +324,8 @@ void WordListView::MarkStale(std::int32_t node, int levels_below) {
 // left to SearchRank.
 WordListView::Placed WordListView::Select(int length, int offset) {
     const std::vector<Keyed>& words = KeptGroup(length);
-    const std::vector<std::uint64_t>& keys = keyed_[length].list_keys;
-    const auto before =
-        static_cast<std::ptrdiff_t>(TiedWithNth(keys, static_cast<std::size_t>(offset), tied_, select_room_));
+    const auto before = static_cast<std::ptrdiff_t>(
+        keyed_[length].list_keys.TiedWithNth(static_cast<std::size_t>(offset), tied_, select_room_));
     const auto place = tied_.begin() + (offset - before);
     std::nth_element(tied_.begin(), place, tied_.end(),
                      [&](std::uint32_t a, std::uint32_t b) { return ListBefore(words[a], words[b]); });
@@ -340,9 +338,9 @@ WordListView::Placed WordListView::Select(int length, int offset) {
 std::int32_t WordListView::SearchRank(int length, const Placed& placed) {
     if (!ScannedOrder(length).reordered) return placed.offset + 1;
     const std::vector<Keyed>& words = KeptGroup(length);
-    const std::vector<std::uint64_t>& keys = keyed_[length].search_keys;
+    KeyIndex& keys = keyed_[length].search_keys;
     const auto chosen = static_cast<std::size_t>(trie_.GroupIndex(placed.node));
-    auto rank = static_cast<std::int32_t>(1 + Tied(keys, keys[chosen], tied_));
+    auto rank = static_cast<std::int32_t>(1 + keys.Tied(keys[chosen], tied_));
     for (const std::uint32_t index : tied_) {
         if (index != chosen && SearchBefore(words[index], words[chosen])) ++rank;
     }

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "grammar/grammar.h"
+#include "grammar/key_index.h"
 #include "grammar/pair_ranking.h"
 #include "grammar/repeat_trie.h"
 
@@ -92,8 +93,8 @@ class WordListView {
     struct KeyedCopy {
         std::vector<Keyed> words;
         // Per place, the word's ListKey and SearchKey: the scans of a pick read these 8 bytes a word.
-        std::vector<std::uint64_t> list_keys;
-        std::vector<std::uint64_t> search_keys;
+        KeyIndex list_keys;
+        KeyIndex search_keys;
         std::vector<std::int32_t> stale;   // places whose word moved or whose counts changed
         std::vector<std::int32_t> unkept;  // places read again whose kept count is still to work out
     };
