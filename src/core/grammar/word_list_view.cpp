@@ -274,8 +274,19 @@ std::vector<WordListView::Keyed>& WordListView::KeptGroup(int length) {
 
 void WordListView::NoteChanges() {
     const std::vector<std::int32_t>& changed = trie_.TakeChangedNodes();
+    const std::vector<std::int32_t> moved = trie_.TakeMovedNodes();
     pairs_.Note(trie_, changed);
-    for (const std::int32_t node : trie_.TakeMovedNodes()) {
+    // A replacement that changes counts all over, as the first passes of Maximum Gain do with
+    // words that occur tens of thousands of times, would mark most copied words one by one: once
+    // the changes outnumber a quarter of the copied words, the copies are cheaper read afresh.
+    std::size_t copied = 0;
+    for (const KeyedCopy& copy : keyed_)
+        copied += copy.words.size();
+    if (4 * changed.size() > copied) {
+        keyed_.clear();
+        return;
+    }
+    for (const std::int32_t node : moved) {
         if (trie_.Alive(node) && trie_.GroupIndex(node) >= 0) MarkPlaceStale(trie_.Depth(node), trie_.GroupIndex(node));
     }
     for (const std::int32_t node : changed) {
