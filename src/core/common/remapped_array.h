@@ -4,7 +4,6 @@
 #include <cstdlib>
 #include <new>
 #include <type_traits>
-#include <utility>
 
 namespace tessarin {
 
@@ -23,17 +22,14 @@ class RemappedArray {
     ~RemappedArray() { std::free(data_); }
 
     std::size_t size() const { return size_; }
-    bool empty() const { return size_ == 0; }
     T& operator[](std::size_t index) { return data_[index]; }
     const T& operator[](std::size_t index) const { return data_[index]; }
-    const T& back() const { return data_[size_ - 1]; }
 
     void push_back(const T& value) {
         if (size_ == capacity_) Grow();
         new (data_ + size_) T(value);
         ++size_;
     }
-    void pop_back() { --size_; }
 
   private:
     void Grow() {

@@ -13,7 +13,6 @@ namespace tessarin {
 // a group of thousands, where a pass changes a few dozen keys.
 class KeyIndex {
   public:
-    std::size_t size() const { return keys_.size(); }
     std::uint64_t operator[](std::size_t place) const { return keys_[place]; }
     // New places hold the key 0.
     void Resize(std::size_t size);
