@@ -92,7 +92,7 @@ class WordListView {
     // thousands, and reading it all again before each pick cost as much as the pick.
     struct KeyedCopy {
         std::vector<Keyed> words;
-        // Per place, the word's ListKey and SearchKey: the scans of a pick read these 8 bytes a word.
+        // Per place, the word's ListKey and SearchKey, which a pick selects among before any comparison.
         KeyIndex list_keys;
         KeyIndex search_keys;
         std::vector<std::int32_t> stale;   // places whose word moved or whose counts changed
