@@ -88,7 +88,6 @@ std::size_t KeyIndex::TiedInRange(std::size_t range, std::uint64_t key, std::vec
         greater += keys_[place] > key;
         if (keys_[place] == key) tied.push_back(place);
     }
-    std::sort(tied.begin(), tied.end());
     return greater;
 }
 

@@ -89,7 +89,8 @@ WordListView::Place WordListView::Locate(int position) {
 // The order of the search within a length: falling count; ties by the order of the parents in
 // the group before (by symbols for pairs) and, between children of one parent, by first occurrence.
 bool WordListView::SearchBefore(std::int32_t a, std::int32_t b) {
-    constexpr int kStepsBeforeJumps = 2;
+    // Most ties are told apart within a few symbols, where a step reads one node and a jump three.
+    constexpr int kStepsBeforeJumps = 8;
     for (int steps = 0;; ++steps) {
         if (trie_.Count(a) != trie_.Count(b)) return trie_.Count(a) > trie_.Count(b);
         if (trie_.Depth(a) <= 2) {
