@@ -53,13 +53,12 @@ int ChooseLongestFirst(WordListView& list) {
     return chosen;
 }
 
-// Gain = symbols saved by replacing f occurrences with one symbol each, less the new rule's L;
-// only a strictly greater gain replaces the best, so ties go to the word met first.
+// Only a strictly greater gain replaces the best, so ties go to the word met first.
 int ChooseMaximumGain(WordListView& list) {
     int chosen = 0;
     std::int64_t best_gain = 0;
     WalkRepresentatives(list, [&](int position, const WordListView::Entry& word) {
-        const std::int64_t gain = std::int64_t{word.length - 1} * (word.count - 1) - 1;
+        const std::int64_t gain = Gain(word);
         if (gain > best_gain) {
             best_gain = gain;
             chosen = position;

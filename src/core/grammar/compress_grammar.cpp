@@ -3,13 +3,18 @@
 #include <algorithm>
 #include <cmath>
 #include <memory>
+#include <optional>
+#include <span>
+#include <string>
 #include <utility>
 
 #include "grammar/choose_word.h"
+#include "grammar/long_word_bound.h"
 #include "grammar/pair_phase.h"
 #include "grammar/verify_grammar.h"
 #include "grammar/word_list_view.h"
 #include "logfile/number_text.h"
+#include "subwords/suffix_array.h"
 
 namespace tessarin {
 namespace {
@@ -154,6 +159,25 @@ std::vector<Rule> PairPasses(std::vector<std::int32_t> symbols, std::span<const 
     return pairs.Rules();
 }
 
+// Maximum Gain's first passes take pairs that occur tens of thousands of times, and each cuts and
+// walks again nearly every path of the trie, thousands of symbols deep inside long repeats. While
+// the word taken would be a short one anyway, a trie of the short words does: the walk over the
+// whole list meets the longer groups first and passes each at its first word, as no longer word
+// overlaps itself, and then walks the short groups as the short list does; the word it takes
+// there wins as long as its gain beats the longer words' bound. The bound, read off the sequence,
+// holds for the rules that follow: their longer words and occurrences stand for words of the
+// sequence at least as long, at as many places, short words being all that the passes replace.
+std::optional<LongWordBound> BoundLongWordsOf(std::span<const std::int32_t> symbols, int alphabet_size,
+                                              CompressProgress& shown, bool& cancelled) {
+    // Shorter lengths leave the bound to the most frequent words instead of the long repeats;
+    // a deeper trie walks as long paths as the whole one does.
+    constexpr int kLeastShort = 12;
+    constexpr int kMostShort = 64;
+    const ProgressFn poll = [&shown](const std::string&, float) { return shown.Show(0); };
+    ProgressMeter meter(poll, "", SuffixArrayUnits(symbols.size()) + static_cast<double>(symbols.size()));
+    return BoundLongWords(symbols, alphabet_size + 1, kLeastShort, kMostShort, meter, cancelled);
+}
+
 }  // namespace
 
 GrammarResult CompressGrammar(CodedSequence coded, int alphabet_size, Method method, const CompressOptions& options,
@@ -172,6 +196,8 @@ GrammarResult CompressGrammar(CodedSequence coded, int alphabet_size, Method met
     }
     CompressProgress shown(options.progress_label, method, length, progress);
     std::unique_ptr<WordListView> list;
+    // Set while Maximum Gain's passes look at the short words only.
+    std::optional<LongWordBound> long_words;
     if (length == 2) {
         std::vector<Rule> rules =
             PairPasses(std::move(coded), checked, alphabet_size, options, shown, code, size, result);
@@ -188,14 +214,29 @@ GrammarResult CompressGrammar(CodedSequence coded, int alphabet_size, Method met
         list = NewList(std::exchange(rules, {}), length, shown);
     } else {
         const Rule start_rule{0, std::move(coded)};
-        list = NewList(std::span<const Rule>(&start_rule, 1), length, shown);
+        if (method == Method::kMaximumGain && !start_rule.symbols.empty()) {
+            bool cancelled = false;
+            long_words = BoundLongWordsOf(start_rule.symbols, alphabet_size, shown, cancelled);
+            if (cancelled) {
+                result.cancelled = true;
+                return result;
+            }
+        }
+        list = NewList(std::span<const Rule>(&start_rule, 1), long_words ? long_words->short_length : length, shown);
     }
     for (;;) {
-        if (list->stopped() || !Search(list, method, length, shown) || shown.Show(-1)) {
+        if (long_words) list->Search(long_words->short_length);
+        if (list->stopped() || (!long_words && !Search(list, method, length, shown)) || shown.Show(-1)) {
             result.cancelled = true;
             return result;
         }
         const int chosen = list->LastLength() < 2 ? 0 : ChooseWord(*list, method);
+        // Where a longer word might gain as much, only the whole list can tell.
+        if (long_words &&
+            (chosen == 0 || Gain(list->At(chosen, WordListView::Rank::kUnneeded)) <= long_words->most_gain)) {
+            long_words.reset();
+            continue;
+        }
         if (chosen == 0) break;
         const WordListView::Entry word = list->At(chosen, WordListView::Rank::kUnneeded);
         shown.Chosen(word.length, word.count);

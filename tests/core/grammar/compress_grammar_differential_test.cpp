@@ -41,7 +41,7 @@ std::string RandomLetters(RandomGenerator& random, int length, int letters) {
 // Inputs whose longest repeats are far longer than a random sequence's: copies of hundreds of
 // symbols, of a thousand and of five thousand planted in random text (exact, or with one symbol
 // changed), long runs of one symbol, runs of many lengths and a long period-two stretch, alone and inside random text;
-// and plain random text.
+// and plain random text, alone and with a copy that a few passes make the best.
 std::vector<std::string> LongRepeatSequences(Method method) {
     RandomGenerator random(777);
     std::vector<std::string> texts;
@@ -69,6 +69,13 @@ std::vector<std::string> LongRepeatSequences(Method method) {
     // their prefixes' counts, whose order is copied out of the trie and kept from pass to pass.
     texts.push_back(RandomLetters(random, 2500, 4));
     texts.push_back(RandomLetters(random, 2500, 2));
+    // Pairs that gain more than a copy of 150 symbols present three times at first, and less
+    // after a few passes: Maximum Gain looks at the short words only until then. A run of 20
+    // symbols, whose words overlap themselves, lengthens the short ones.
+    const std::string pairs_first = RandomLetters(random, 6000, 4);
+    const std::string copy = pairs_first.substr(1000, 150);
+    if (method == Method::kMaximumGain)
+        texts.push_back(pairs_first.substr(0, 3000) + copy + pairs_first.substr(3000) + copy + std::string(20, 'A'));
     // A copy of 5,000 symbols only where pair passes come first: the literal reference lists every
     // repeated word with its places, which for such a copy under Longest First or Maximum Gain is
     // more memory than a machine has.

@@ -1,0 +1,64 @@
+#include "grammar/long_word_bound.h"
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+#include "subwords/repeat_tree.h"
+#include "subwords/suffix_array.h"
+
+namespace tessarin {
+namespace {
+
+// Sorting the starts of every repeat deeper than the least short length costs about this many
+// starts per symbol on real sequences; a long run of one symbol nests a repeat per length.
+constexpr std::int64_t kStartsPerSymbol = 8;
+
+}  // namespace
+
+std::optional<LongWordBound> BoundLongWords(std::span<const std::int32_t> symbols, std::int32_t alphabet_size,
+                                            int least_short, int most_short, ProgressMeter& meter, bool& cancelled) {
+    cancelled = false;
+    std::optional<SuffixArray> suffixes = BuildSuffixArray(symbols, alphabet_size, meter);
+    std::optional<RepeatTree> tree = suffixes ? RepeatTree::Build(*suffixes, meter) : std::nullopt;
+    if (!tree) {
+        cancelled = true;
+        return std::nullopt;
+    }
+    // Each node stands for the words up to its depth that occur at its starts; the longest of
+    // them overlaps itself wherever two starts lie closer than the depth.
+    std::int64_t budget = kStartsPerSymbol * static_cast<std::int64_t>(symbols.size());
+    int overlapping = 0;                              // the longest word seen with two overlapping occurrences
+    std::vector<std::pair<int, std::int64_t>> gains;  // depth and gain of each node deeper than least_short
+    std::vector<std::int32_t> starts;
+    std::vector<std::int32_t> to_visit{tree->Root()};
+    while (!to_visit.empty()) {
+        const std::int32_t node = to_visit.back();
+        to_visit.pop_back();
+        const std::span<const std::int32_t> children = tree->Children(node);
+        to_visit.insert(to_visit.end(), children.begin(), children.end());
+        const int depth = tree->Depth(node);
+        if (depth <= least_short) continue;
+        budget -= tree->Count(node);
+        if (budget < 0) return std::nullopt;
+        starts.assign(suffixes->order.begin() + tree->FirstPlace(node),
+                      suffixes->order.begin() + tree->LastPlace(node) + 1);
+        std::sort(starts.begin(), starts.end());
+        for (std::size_t k = 1; k < starts.size(); ++k) {
+            if (starts[k] - starts[k - 1] < depth) {
+                overlapping = std::max(overlapping, depth);
+                break;
+            }
+        }
+        gains.emplace_back(depth, std::int64_t{depth - 1} * (tree->Count(node) - 1) - 1);
+    }
+    LongWordBound bound;
+    bound.short_length = std::max(least_short, overlapping);
+    if (bound.short_length > most_short) return std::nullopt;
+    for (const auto& [depth, gain] : gains) {
+        if (depth > bound.short_length) bound.most_gain = std::max(bound.most_gain, gain);
+    }
+    return bound;
+}
+
+}  // namespace tessarin

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstdint>
+#include <limits>
+#include <optional>
+#include <span>
+
+#include "subwords/progress_meter.h"
+
+namespace tessarin {
+
+// The most that a word longer than the short ones could gain under Maximum Gain, for the passes
+// that look at the short words only.
+struct LongWordBound {
+    int short_length = 0;  // the short words have up to this many symbols
+    // The greatest (L - 1)(count - 1) - 1 over the longer words that repeat, occurrences that
+    // overlap counted; the least number when none repeats.
+    std::int64_t most_gain = std::numeric_limits<std::int64_t>::min();
+};
+
+// Reads the bound off the suffix array of `symbols` (values 1..alphabet_size - 1), taking as
+// short length the least from `least_short` up at which no longer word occurs twice with the two
+// occurrences overlapping. Nothing when that length would exceed `most_short`, when finding it
+// would cost more than a few passes over the sequence (long runs of one symbol), or when the
+// meter answers that the user cancelled (then `cancelled` is set).
+std::optional<LongWordBound> BoundLongWords(std::span<const std::int32_t> symbols, std::int32_t alphabet_size,
+                                            int least_short, int most_short, ProgressMeter& meter, bool& cancelled);
+
+}  // namespace tessarin
