@@ -160,7 +160,7 @@ std::vector<Rule> PairPasses(std::vector<std::int32_t> symbols, std::span<const 
 }
 
 // Maximum Gain's first passes take pairs that occur tens of thousands of times, and each cuts and
-// walks again nearly every path of the trie, thousands of symbols deep inside long repeats. While
+// walks again nearly every path of the trie, down to thousands of symbols inside long repeats. While
 // the word taken would be a short one anyway, a trie of the short words does: the walk over the
 // whole list meets the longer groups first and passes each at its first word, as no longer word
 // overlaps itself, and then walks the short groups as the short list does; the word it takes
