@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <limits>
 #include <map>
 #include <vector>
 
@@ -40,8 +41,9 @@ TEST(LongWordBoundTest, MatchesTheWordsOfTheTextCountedOneByOne) {
                         static_cast<std::size_t>(random.Index(10)), 1);
         }
         const int least_short = random.Index(4);
+        const auto words = AllWords(text);
         int overlapping = 0;
-        for (const auto& [word, starts] : AllWords(text)) {
+        for (const auto& [word, starts] : words) {
             for (std::size_t k = 1; k < starts.size(); ++k) {
                 if (starts[k] - starts[k - 1] < static_cast<int>(word.size()))
                     overlapping = std::max(overlapping, static_cast<int>(word.size()));
@@ -49,7 +51,7 @@ TEST(LongWordBoundTest, MatchesTheWordsOfTheTextCountedOneByOne) {
         }
         const int short_length = std::max(least_short, overlapping);
         std::int64_t most_gain = std::numeric_limits<std::int64_t>::min();
-        for (const auto& [word, starts] : AllWords(text)) {
+        for (const auto& [word, starts] : words) {
             const auto length = static_cast<std::int64_t>(word.size());
             if (length > short_length && starts.size() >= 2)
                 most_gain = std::max(most_gain, (length - 1) * static_cast<std::int64_t>(starts.size() - 1) - 1);
