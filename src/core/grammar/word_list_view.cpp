@@ -126,6 +126,7 @@ WordListView::GroupOrder& WordListView::Order(int length) {
     if (order.generation != generation_) {
         order.generation = generation_;
         order.scanned = false;
+        order.moved_listed = false;
         order.selected.clear();
         order.list.clear();
     }
@@ -417,8 +418,90 @@ WordListView::Entry WordListView::At(int position, Rank rank) {
         if (!order.reordered && place.offset == 0) return Entry{place.length, order.most_kept, 1};
         if (!order.reordered && place.offset == last) return Entry{place.length, order.fewest_kept, last + 1};
     }
+    if (place.length > 2 && trie_.GroupSize(place.length) > 1) {
+        if (const std::optional<Entry> entry = EntryFromCounts(place.length, place.offset, rank)) return *entry;
+    }
     const auto [node, search_rank] = NodeAt(place.length, place.offset, rank);
     return Entry{place.length, trie_.Kept(node), search_rank};
+}
+
+// The list orders a group by kept count and then as the search does, which orders by count first:
+// the words whose kept count is their count lie in the same order in both, and only the few that
+// dropping the overlaps moved lie elsewhere. So the kept count at a place follows from the keys,
+// and its rank from how many words lie before it, which the moved words alone leave to compare.
+// A walk asks for places in the middle of groups of thousands of words that tie on every copied
+// count, where picking the word out would compare it with all of them.
+std::optional<WordListView::Entry> WordListView::EntryFromCounts(int length, int offset, Rank rank) {
+    constexpr std::size_t kMostMoved = 16;
+    GroupOrder& order = Order(length);
+    std::vector<Keyed>& words = KeptGroup(length);
+    if (!order.moved_listed) {
+        order.moved_listed = true;
+        order.too_many_moved = false;
+        order.moved.clear();
+        for (std::size_t index = 0; index < words.size() && !order.too_many_moved; ++index) {
+            if (words[index].kept < words[index].Count()) {
+                order.moved.push_back(
+                    Moved{static_cast<std::uint32_t>(index), words[index].kept, words[index].Count()});
+                order.too_many_moved = order.moved.size() > kMostMoved;
+            }
+        }
+    }
+    if (order.too_many_moved) return std::nullopt;
+    const std::size_t before =
+        keyed_[length].list_keys.TiedWithNth(static_cast<std::size_t>(offset), tied_, select_room_);
+    // Keys that saturate tie words of different counts.
+    const std::int32_t kept = words[tied_.front()].kept;
+    const std::int32_t count = words[tied_.front()].Count();
+    for (const std::uint32_t index : tied_) {
+        if (words[index].kept != kept || words[index].Count() != count) return std::nullopt;
+    }
+    if (rank == Rank::kUnneeded) return Entry{length, kept, 0};
+    if (kept < count) {
+        // A moved word: few tie with it.
+        const auto place = tied_.begin() + (offset - static_cast<std::ptrdiff_t>(before));
+        std::nth_element(tied_.begin(), place, tied_.end(),
+                         [&](std::uint32_t a, std::uint32_t b) { return ListBefore(words[a], words[b]); });
+        const std::uint32_t index = *place;
+        for (Moved& word : order.moved) {
+            if (word.index == index) return Entry{length, kept, MovedRank(length, word)};
+        }
+        return std::nullopt;
+    }
+    // The words not moved that come before this one in the list come before it in the search
+    // too; so does a moved word that keeps as many or more, as it occurs more often.
+    std::int32_t unmoved_before = offset;
+    for (const Moved& word : order.moved)
+        unmoved_before -= word.kept >= kept ? 1 : 0;
+    std::int32_t search_rank = 1 + unmoved_before;
+    // A moved word of the same count comes first where no more unmoved words come before it.
+    for (Moved& word : order.moved) {
+        if (word.count != count) {
+            search_rank += word.count > count ? 1 : 0;
+        } else {
+            search_rank += UnmovedBefore(length, order, word) <= unmoved_before ? 1 : 0;
+        }
+    }
+    return Entry{length, kept, search_rank};
+}
+
+std::int32_t WordListView::MovedRank(int length, Moved& word) {
+    if (word.search_rank == 0) {
+        word.search_rank = SearchRank(length, Placed{0, keyed_[length].words[word.index].node, 0});
+    }
+    return word.search_rank;
+}
+
+// The words before it in the search, less the moved ones.
+std::int32_t WordListView::UnmovedBefore(int length, GroupOrder& order, Moved& word) {
+    if (word.unmoved_before < 0) {
+        const std::vector<Keyed>& words = keyed_[length].words;
+        word.unmoved_before = MovedRank(length, word) - 1;
+        for (const Moved& other : order.moved) {
+            if (&other != &word && SearchBefore(words[other.index], words[word.index])) --word.unmoved_before;
+        }
+    }
+    return word.unmoved_before;
 }
 
 void WordListView::LastGroupOccurrences(int length, std::vector<std::vector<std::int32_t>>& starts,

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <utility>
 #include <vector>
@@ -98,8 +99,20 @@ class WordListView {
         std::vector<std::int32_t> stale;   // places whose word moved or whose counts changed
         std::vector<std::int32_t> unkept;  // places read again whose kept count is still to work out
     };
+    // A word of the group that dropping the overlaps moved: its kept count is below its count.
+    struct Moved {
+        std::uint32_t index = 0;  // its place in the copy
+        std::int32_t kept = 0;
+        std::int32_t count = 0;
+        std::int32_t search_rank = 0;      // 0 until worked out
+        std::int32_t unmoved_before = -1;  // the words not moved before it in the search; -1 until worked out
+    };
     struct GroupOrder {
         std::int64_t generation = -1;
+        // The moved words, listed once per pass; too many of them leave the places to be picked out.
+        bool moved_listed = false;
+        bool too_many_moved = false;
+        std::vector<Moved> moved;
         // What one scan of the kept counts tells, once per pass: whether dropping the overlaps
         // reordered the group at all and, if not, its greatest and least kept counts.
         bool scanned = false;
@@ -149,6 +162,12 @@ class WordListView {
     // Marks the copies of the word and of the longer words that copy its count to be read again.
     void MarkStale(std::int32_t node, int levels_below);
     Placed Select(int length, int offset);
+    // The entry at a place of a trie group, from the kept counts and the moved words alone;
+    // nothing where the group has too many moved words or the keys do not tell the counts.
+    std::optional<Entry> EntryFromCounts(int length, int offset, Rank rank);
+    // The moved word's rank in the search order, worked out once per pass.
+    std::int32_t MovedRank(int length, Moved& word);
+    std::int32_t UnmovedBefore(int length, GroupOrder& order, Moved& word);
     // The place's rank in the search order.
     std::int32_t SearchRank(int length, const Placed& placed);
     // Numbers that order the words as the list and the search do, as far as the copied counts go;
