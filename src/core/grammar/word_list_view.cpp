@@ -474,13 +474,23 @@ std::optional<WordListView::Entry> WordListView::EntryFromCounts(int length, int
     for (const Moved& word : order.moved)
         unmoved_before -= word.kept >= kept ? 1 : 0;
     std::int32_t search_rank = 1 + unmoved_before;
+    int unplaced = 0;  // moved words of the same count not yet placed among the unmoved ones
+    for (const Moved& word : order.moved) {
+        search_rank += word.count > count ? 1 : 0;
+        unplaced += word.count == count && word.unmoved_before < 0 ? 1 : 0;
+    }
     // A moved word of the same count comes first where no more unmoved words come before it.
+    // Placing one compares it with the words tied with it, as picking out this word does: with
+    // more than one to place, this word is picked out and compared with each instead.
+    const Keyed* here = nullptr;
+    if (unplaced > 1)
+        here = &words[static_cast<std::size_t>(trie_.GroupIndex(NodeAt(length, offset, Rank::kUnneeded).first))];
     for (Moved& word : order.moved) {
-        if (word.count != count) {
-            search_rank += word.count > count ? 1 : 0;
-        } else {
-            search_rank += UnmovedBefore(length, order, word) <= unmoved_before ? 1 : 0;
-        }
+        if (word.count != count) continue;
+        search_rank += (here != nullptr ? SearchBefore(words[word.index], *here)
+                                        : UnmovedBefore(length, order, word) <= unmoved_before)
+                           ? 1
+                           : 0;
     }
     return Entry{length, kept, search_rank};
 }
