@@ -432,7 +432,9 @@ WordListView::Entry WordListView::At(int position, Rank rank) {
 // A walk asks for places in the middle of groups of thousands of words that tie on every copied
 // count, where picking the word out would compare it with all of them.
 std::optional<WordListView::Entry> WordListView::EntryFromCounts(int length, int offset, Rank rank) {
-    constexpr std::size_t kMostMoved = 16;
+    // A tandem repeat moves a word per symbol of its period in each group it reaches; a group that
+    // dropping the overlaps reorders all over is left to the picks.
+    constexpr std::size_t kMostMoved = 1024;
     GroupOrder& order = Order(length);
     std::vector<Keyed>& words = KeptGroup(length);
     if (!order.moved_listed) {
