@@ -40,7 +40,8 @@ std::string RandomLetters(RandomGenerator& random, int length, int letters) {
 
 // Inputs whose longest repeats are far longer than a random sequence's: copies of hundreds of
 // symbols, of a thousand and of five thousand planted in random text (exact, or with one symbol
-// changed), long runs of one symbol, runs of many lengths and a long period-two stretch, alone and inside random text;
+// changed), long runs of one symbol, runs of many lengths, a long period-two stretch and a tandem
+// repeat of a long period, alone and inside random text;
 // and plain random text, alone and with a copy that a few passes make the best.
 std::vector<std::string> LongRepeatSequences(Method method) {
     RandomGenerator random(777);
@@ -69,6 +70,11 @@ std::vector<std::string> LongRepeatSequences(Method method) {
     // their prefixes' counts, whose order is copied out of the trie and kept from pass to pass.
     texts.push_back(RandomLetters(random, 2500, 4));
     texts.push_back(RandomLetters(random, 2500, 2));
+    // A tandem repeat of a 40-symbol period among them: each group it reaches holds dozens of
+    // words that overlap themselves, set apart from the tied words by dropping the overlaps.
+    const std::string period = RandomLetters(random, 40, 4);
+    texts.push_back(RandomLetters(random, 1500, 4) + period + period + period + period.substr(0, 25) +
+                    RandomLetters(random, 1500, 4));
     // Pairs that gain more than a copy of 150 symbols present three times at first, and less
     // after a few passes: Maximum Gain looks at the short words only until then. A run of 20
     // symbols, whose words overlap themselves, lengthens the short ones.
