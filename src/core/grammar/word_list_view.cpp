@@ -245,9 +245,15 @@ std::vector<WordListView::Keyed>& WordListView::KeyedGroup(int length) {
         } else {
             copy.list_keys.Set(index, ListKey(word));
         }
+        FileMoved(copy, index);
     };
     const std::size_t old_size = copy.words.size();
+    for (std::size_t index = group.size(); index < old_size; ++index) {
+        copy.words[index].kept = -1;
+        FileMoved(copy, index);
+    }
     copy.words.resize(group.size());
+    copy.moved_at.resize(group.size(), -1);
     copy.list_keys.Resize(group.size());
     copy.search_keys.Resize(group.size());
     if (old_size == 0) {
@@ -270,8 +276,26 @@ std::int32_t WordListView::KeptAt(KeyedCopy& copy, std::size_t index) {
     if (word.kept < 0) {
         word.kept = trie_.Kept(word.node);
         copy.list_keys.Set(index, ListKey(word));
+        FileMoved(copy, index);
     }
     return word.kept;
+}
+
+void WordListView::FileMoved(KeyedCopy& copy, std::size_t index) {
+    const Keyed& word = copy.words[index];
+    const bool moved = word.kept >= 0 && word.kept < word.Count();
+    const std::int32_t at = copy.moved_at[index];
+    if (moved == (at >= 0)) return;
+    if (moved) {
+        copy.moved_at[index] = static_cast<std::int32_t>(copy.moved.size());
+        copy.moved.push_back(static_cast<std::uint32_t>(index));
+        return;
+    }
+    const std::uint32_t last = copy.moved.back();
+    copy.moved[static_cast<std::size_t>(at)] = last;
+    copy.moved_at[last] = at;
+    copy.moved.pop_back();
+    copy.moved_at[index] = -1;
 }
 
 // The copy with every kept count worked out, which then stay worked out until a count changes.
@@ -449,15 +473,11 @@ std::optional<WordListView::Entry> WordListView::EntryFromCounts(int length, int
     std::vector<Keyed>& words = KeptGroup(length);
     if (!order.moved_listed) {
         order.moved_listed = true;
-        order.too_many_moved = false;
         order.moved.clear();
-        for (std::size_t index = 0; index < words.size() && !order.too_many_moved; ++index) {
-            if (words[index].kept < words[index].Count()) {
-                order.moved.push_back(
-                    Moved{static_cast<std::uint32_t>(index), words[index].kept, words[index].Count()});
-                order.too_many_moved = order.moved.size() > kMostMoved;
-            }
-        }
+        const std::vector<std::uint32_t>& moved = keyed_[length].moved;
+        order.too_many_moved = moved.size() > kMostMoved;
+        for (std::size_t k = 0; k < moved.size() && !order.too_many_moved; ++k)
+            order.moved.push_back(Moved{moved[k], words[moved[k]].kept, words[moved[k]].Count()});
     }
     if (order.too_many_moved) return std::nullopt;
     const std::size_t before =

@@ -98,6 +98,10 @@ class WordListView {
         KeyIndex search_keys;
         std::vector<std::int32_t> stale;   // places whose word moved or whose counts changed
         std::vector<std::int32_t> unkept;  // places read again whose kept count is still to work out
+        // The places whose kept count is below their count, in no order, and per place its index
+        // there or -1: the group's order differs from the search's at these alone.
+        std::vector<std::uint32_t> moved;
+        std::vector<std::int32_t> moved_at;
     };
     // A word of the group that dropping the overlaps moved: its kept count is below its count.
     struct Moved {
@@ -156,6 +160,8 @@ class WordListView {
     std::vector<Keyed>& KeyedGroup(int length);
     // The kept count of the word at a place of the copy, worked out if it is not yet.
     std::int32_t KeptAt(KeyedCopy& copy, std::size_t index);
+    // Lists the place among the moved ones or takes it off, as its word now stands.
+    static void FileMoved(KeyedCopy& copy, std::size_t index);
     std::vector<Keyed>& KeptGroup(int length);
     // Takes in the words whose counts the last build or rule changed.
     void NoteChanges();
