@@ -24,17 +24,6 @@ std::uint64_t PackCounts(const std::array<std::uint64_t, 4>& counts) {
     return key;
 }
 
-// The n-th of the tied places in the order of `before`. The first and the last, which the walks
-// mostly ask for, take one comparison per place; a selection in the middle takes two or three.
-template <typename Before>
-std::uint32_t NthOf(std::vector<std::uint32_t>& tied, std::size_t n, Before before) {
-    if (n == 0) return *std::min_element(tied.begin(), tied.end(), before);
-    if (n + 1 == tied.size()) return *std::max_element(tied.begin(), tied.end(), before);
-    const auto place = tied.begin() + static_cast<std::ptrdiff_t>(n);
-    std::nth_element(tied.begin(), place, tied.end(), before);
-    return *place;
-}
-
 }  // namespace
 
 WordListView::WordListView(std::span<const Rule> rules, int max_depth, RepeatTrie::Poll poll)
@@ -374,9 +363,10 @@ WordListView::Placed WordListView::Select(int length, int offset) {
     const std::vector<Keyed>& words = KeptGroup(length);
     const auto before = static_cast<std::ptrdiff_t>(
         keyed_[length].list_keys.TiedWithNth(static_cast<std::size_t>(offset), tied_, select_room_));
-    const std::uint32_t index = NthOf(tied_, static_cast<std::size_t>(offset - before),
-                                      [&](std::uint32_t a, std::uint32_t b) { return ListBefore(words[a], words[b]); });
-    return Placed{offset, words[index].node, 0};
+    const auto place = tied_.begin() + (offset - before);
+    std::nth_element(tied_.begin(), place, tied_.end(),
+                     [&](std::uint32_t a, std::uint32_t b) { return ListBefore(words[a], words[b]); });
+    return Placed{offset, words[*place].node, 0};
 }
 
 // Where dropping the overlaps changed no count the list order is the search order: the rank is
@@ -491,9 +481,10 @@ std::optional<WordListView::Entry> WordListView::EntryFromCounts(int length, int
     if (rank == Rank::kUnneeded) return Entry{length, kept, 0};
     if (kept < count) {
         // A moved word: few tie with it.
-        const std::uint32_t index =
-            NthOf(tied_, static_cast<std::size_t>(offset) - before,
-                  [&](std::uint32_t a, std::uint32_t b) { return ListBefore(words[a], words[b]); });
+        const auto place = tied_.begin() + (offset - static_cast<std::ptrdiff_t>(before));
+        std::nth_element(tied_.begin(), place, tied_.end(),
+                         [&](std::uint32_t a, std::uint32_t b) { return ListBefore(words[a], words[b]); });
+        const std::uint32_t index = *place;
         for (Moved& word : order.moved) {
             if (word.index == index) return Entry{length, kept, MovedRank(length, word)};
         }
