@@ -484,11 +484,9 @@ std::optional<WordListView::Entry> WordListView::EntryFromCounts(int length, int
         const auto place = tied_.begin() + (offset - static_cast<std::ptrdiff_t>(before));
         std::nth_element(tied_.begin(), place, tied_.end(),
                          [&](std::uint32_t a, std::uint32_t b) { return ListBefore(words[a], words[b]); });
-        const std::uint32_t index = *place;
-        for (Moved& word : order.moved) {
-            if (word.index == index) return Entry{length, kept, MovedRank(length, word)};
-        }
-        return std::nullopt;
+        // The moved words were listed in the copy's order of them, which holds for the pass.
+        Moved& word = order.moved[static_cast<std::size_t>(keyed_[length].moved_at[*place])];
+        return Entry{length, kept, MovedRank(length, word)};
     }
     // The words not moved that come before this one in the list come before it in the search
     // too; so does a moved word that keeps as many or more, as it occurs more often.
@@ -524,7 +522,6 @@ std::int32_t WordListView::MovedRank(int length, Moved& word) {
     return word.search_rank;
 }
 
-// The words before it in the search, less the moved ones.
 std::int32_t WordListView::UnmovedBefore(int length, GroupOrder& order, Moved& word) {
     if (word.unmoved_before < 0) {
         const std::vector<Keyed>& words = keyed_[length].words;

@@ -173,6 +173,7 @@ class WordListView {
     std::optional<Entry> EntryFromCounts(int length, int offset, Rank rank);
     // The moved word's rank in the search order, worked out once per pass.
     std::int32_t MovedRank(int length, Moved& word);
+    // The words before it in the search, less the moved ones; worked out once per pass.
     std::int32_t UnmovedBefore(int length, GroupOrder& order, Moved& word);
     // The place's rank in the search order.
     std::int32_t SearchRank(int length, const Placed& placed);
