@@ -237,6 +237,7 @@ std::vector<WordListView::Keyed>& WordListView::KeyedGroup(int length) {
         FileMoved(copy, index);
     };
     const std::size_t old_size = copy.words.size();
+    // Places past the group's end leave the moved list as words of unknown kept count.
     for (std::size_t index = group.size(); index < old_size; ++index) {
         copy.words[index].kept = -1;
         FileMoved(copy, index);
