@@ -23,7 +23,7 @@ RepeatTrie::RepeatTrie(std::span<const Rule> rules, int max_depth, Poll poll)
     prev_at_node_.reserve(text_.SlotCapacity());
     FitSlotArrays();
     scanned_ = 0;
-    AttachSlots(0, slots);
+    AttachBySuffixes();
     scanned_ = -1;
 }
 

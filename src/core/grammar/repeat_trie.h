@@ -127,6 +127,8 @@ class RepeatTrie {
     void FitSlotArrays();
     // The child-table entry of the word `node` continued by `symbol`: a node, kLeaf | slot, or -1.
     std::int32_t FindChild(std::int32_t node, std::int32_t symbol) const;
+    // Attaches every slot of the rules the trie starts from, from their sorted suffixes.
+    void AttachBySuffixes();
     // Attaches the slots from `first` up to (not including) `last`, fresh slots of whole rules,
     // walking each run of one symbol as one.
     void AttachSlots(std::int32_t first, std::int32_t last);

@@ -1,0 +1,136 @@
+#include <algorithm>
+#include <limits>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "grammar/repeat_trie.h"
+#include "subwords/suffix_array.h"
+
+namespace tessarin {
+namespace {
+
+// The share of the build's progress that sorting the suffixes takes.
+constexpr double kSortShare = 0.3;
+
+// The rules one after another, each followed by a symbol found in none of them, so that no common
+// prefix of two suffixes runs from one rule into the next.
+struct JoinedRules {
+    std::vector<std::int32_t> symbols;
+    std::vector<std::int32_t> separators;  // their places, in increasing order
+    std::int32_t alphabet_size = 0;
+
+    // The slot at a place that is no separator: rules' slots are numbered on without them.
+    std::int32_t SlotAt(std::int32_t place) const { return place - SeparatorsBefore(place); }
+    // The symbols from the place to the end of its rule.
+    std::int32_t RestOfRule(std::int32_t place) const {
+        const std::int32_t before = SeparatorsBefore(place);
+        const auto size = static_cast<std::int32_t>(separators.size());
+        const std::int32_t end = before < size ? separators[before] : static_cast<std::int32_t>(symbols.size());
+        return end - place;
+    }
+
+  private:
+    std::int32_t SeparatorsBefore(std::int32_t place) const {
+        return static_cast<std::int32_t>(std::lower_bound(separators.begin(), separators.end(), place) -
+                                         separators.begin());
+    }
+};
+
+JoinedRules JoinRules(const LinkedRules& text) {
+    JoinedRules joined;
+    const std::int32_t slots = text.SlotCount();
+    std::int32_t largest = 0;
+    for (std::int32_t slot = 0; slot < slots; ++slot) {
+        largest = std::max(largest, text.Symbol(slot));
+    }
+    const std::int32_t separator = largest + 1;
+    joined.alphabet_size = separator + 1;
+    joined.symbols.reserve(static_cast<std::size_t>(slots) + 1);
+    for (std::int32_t slot = 0; slot < slots; ++slot) {
+        if (slot > 0 && text.Prev(slot) < 0) {
+            joined.separators.push_back(static_cast<std::int32_t>(joined.symbols.size()));
+            joined.symbols.push_back(separator);
+        }
+        joined.symbols.push_back(text.Symbol(slot));
+    }
+    return joined;
+}
+
+}  // namespace
+
+// The words that repeat are the common prefixes of suffixes next to each other in sorted order,
+// so one sweep over the sorted suffixes meets every node in depth-first order: a node opens where
+// a common prefix grows past it and closes where it falls below, its count being the suffixes in
+// between. The nodes of one subtree then lie together in memory, and no slot's path is walked
+// through the child table, as adding the slots one by one would.
+void RepeatTrie::AttachBySuffixes() {
+    const JoinedRules joined = JoinRules(text_);
+    const ProgressFn sort_poll = [this](const std::string&, float sorted) {
+        scanned_ = kSortShare * sorted;
+        return poll_ && poll_(scanned_);
+    };
+    ProgressMeter meter(sort_poll, "", SuffixArrayUnits(joined.symbols.size()));
+    const std::optional<SuffixArray> suffixes = BuildSuffixArray(joined.symbols, joined.alphabet_size, meter);
+    if (!suffixes) {
+        stopped_ = true;
+        return;
+    }
+    const std::vector<std::int32_t>& order = suffixes->order;
+    const std::vector<std::int32_t>& common = suffixes->common;
+    const auto places = static_cast<std::int32_t>(order.size());
+    auto reach = [&](std::int32_t place) {
+        return std::min<std::int32_t>(joined.RestOfRule(place), max_depth_);
+    };
+
+    struct Open {
+        std::int32_t node;
+        std::int32_t first;     // the first suffix in sorted order below it
+        std::int32_t min_slot;  // the least slot below it so far
+    };
+    std::vector<Open> open;  // the nodes of the current path, by depth
+    std::int32_t common_before = 0;
+    std::int32_t reach_here = places > 0 ? reach(order[0]) : 0;
+    for (std::int32_t i = 0; i < places && !stopped_; ++i) {
+        scanned_ = kSortShare + (1 - kSortShare) * i / places;
+        const std::int32_t place = order[i];
+        const std::int32_t reach_next = i + 1 < places ? reach(order[i + 1]) : 0;
+        const std::int32_t common_after = i + 1 < places ? std::min({common[i + 1], reach_here, reach_next}) : 0;
+        const std::int32_t depth = std::max(common_before, common_after);
+        reach_here = reach_next;
+        const std::int32_t rest = joined.RestOfRule(place);
+        if (rest == 0) {  // a separator
+            common_before = common_after;
+            continue;
+        }
+        const std::int32_t slot = joined.SlotAt(place);
+        while (static_cast<std::int32_t>(open.size()) < depth) {
+            Step();
+            const std::int32_t parent = open.empty() ? kRoot : open.back().node;
+            const auto length = static_cast<std::int32_t>(open.size());
+            const std::int32_t node = NewNode(parent, joined.symbols[place + length]);
+            nodes_[node].border = BorderOfNew(node, slot);
+            JoinGroup(node);
+            open.push_back(Open{node, i, std::numeric_limits<std::int32_t>::max()});
+        }
+        const std::int32_t at = depth == 0 ? kRoot : open.back().node;
+        AddSlot(at, slot);
+        path_end_[slot] = at;
+        end_slot_[slot] = depth == 0 ? -1 : slot + depth - 1;
+        if (depth < max_depth_ && depth < rest) {
+            children_.Insert(ChildKey(at, joined.symbols[place + depth]), kLeaf | slot);
+            has_leaf_[slot] = 1;
+        }
+        if (depth > 0) open.back().min_slot = std::min(open.back().min_slot, slot);
+        while (static_cast<std::int32_t>(open.size()) > common_after) {
+            const Open closed = open.back();
+            open.pop_back();
+            nodes_[closed.node].count = i + 1 - closed.first;
+            nodes_[closed.node].first_occurrence = closed.min_slot;
+            if (!open.empty()) open.back().min_slot = std::min(open.back().min_slot, closed.min_slot);
+        }
+        common_before = common_after;
+    }
+}
+
+}  // namespace tessarin
