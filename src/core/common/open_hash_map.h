@@ -46,7 +46,7 @@ class OpenHashMap {
     std::size_t Slot(std::uint64_t key) const;
     void Rebuild(std::size_t size);
     // More than three quarters full: probe runs would grow long.
-    bool Crowded(std::size_t count) const { return 4 * count > 3 * entries_.size(); }
+    bool Crowded(std::size_t count) const { return 2 * count > entries_.size(); }
 
     std::vector<Entry> entries_;
     std::size_t size_ = 0;
