@@ -79,9 +79,7 @@ void RepeatTrie::AttachBySuffixes() {
     const std::vector<std::int32_t>& order = suffixes->order;
     const std::vector<std::int32_t>& common = suffixes->common;
     const auto places = static_cast<std::int32_t>(order.size());
-    auto reach = [&](std::int32_t place) {
-        return std::min<std::int32_t>(joined.RestOfRule(place), max_depth_);
-    };
+    auto reach = [&](std::int32_t place) { return std::min<std::int32_t>(joined.RestOfRule(place), max_depth_); };
 
     struct Open {
         std::int32_t node;
