@@ -479,8 +479,10 @@ void RepeatTrie::Replace(const std::vector<std::int32_t>& starts, int length, st
         for (std::int32_t slot = start, k = 0; k < length; ++k, slot = text_.Next(slot))
             removed.push_back(slot);
     }
-    for (const CutBack& cut : cuts)
-        Cut(cut.slot, cut.depth, cut.end);
+    for (std::size_t j = 0; j < cuts.size(); ++j) {
+        PrefetchPathEnd(j + kPrefetchAhead < cuts.size() ? cuts[j + kPrefetchAhead].slot : -1);
+        Cut(cuts[j].slot, cuts[j].depth, cuts[j].end);
+    }
     for (const std::int32_t slot : removed) {
         Cut(slot, 0, -1);
         RemoveSlot(kRoot, slot);
@@ -499,8 +501,9 @@ void RepeatTrie::Replace(const std::vector<std::int32_t>& starts, int length, st
         Extend(start);
     }
     AttachSlots(first_new, text_.SlotCount());
-    for (const CutBack& cut : cuts) {
-        if (path_end_[cut.slot] >= 0) Extend(cut.slot);
+    for (std::size_t j = 0; j < cuts.size(); ++j) {
+        PrefetchPathEnd(j + kPrefetchAhead < cuts.size() ? cuts[j + kPrefetchAhead].slot : -1);
+        if (path_end_[cuts[j].slot] >= 0) Extend(cuts[j].slot);
     }
 }
 

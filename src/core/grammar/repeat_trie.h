@@ -123,6 +123,11 @@ class RepeatTrie {
     void Step() {
         if (++steps_ % kStepsPerPoll == 0 && poll_ && !stopped_) stopped_ = poll_(scanned_);
     }
+    // Asks the memory for the node where the slot's path ends, some cuts or walks before it is
+    // needed: the paths a replacement touches are listed first, and each node is a trip to memory.
+    void PrefetchPathEnd(std::int32_t slot) const {
+        if (slot >= 0 && path_end_[slot] >= 0) __builtin_prefetch(&nodes_[path_end_[slot]]);
+    }
     // Sizes the per-slot arrays to the slots of the text.
     void FitSlotArrays();
     // The child-table entry of the word `node` continued by `symbol`: a node, kLeaf | slot, or -1.
@@ -172,6 +177,7 @@ class RepeatTrie {
     void Occurrences(std::int32_t node, std::vector<std::int32_t>& slots) const;
 
     static constexpr std::uint64_t kStepsPerPoll = 1 << 16;
+    static constexpr std::size_t kPrefetchAhead = 8;
 
     LinkedRules text_;
     int max_depth_;
