@@ -41,7 +41,7 @@ void OpenHashMap::Erase(std::uint64_t key) {
 }
 
 void OpenHashMap::Reserve(std::size_t count) {
-    if (Crowded(count)) Rebuild(2 * count + kInitialSize);
+    if (Crowded(count)) Rebuild(count + count / 3 + kInitialSize);
 }
 
 void OpenHashMap::Rebuild(std::size_t size) {

@@ -7,7 +7,7 @@
 namespace tessarin {
 
 // A map from 64-bit keys to non-negative 32-bit values: open addressing with linear probing, at
-// most half full so that probe runs stay short. Erase pulls the later entries of its cluster
+// most three quarters full so that probe runs stay short. Erase pulls the later entries of its cluster
 // back instead of leaving deleted markers, so a table that sees many inserts and erases (a trie
 // kept up to date over thousands of passes) stays as fast as a fresh one. Time and memory grow
 // with the number of keys, not with their range.
@@ -45,8 +45,8 @@ class OpenHashMap {
     // The entry holding `key`, or the empty entry that ends its cluster.
     std::size_t Slot(std::uint64_t key) const;
     void Rebuild(std::size_t size);
-    // More than half full: probe runs would grow long.
-    bool Crowded(std::size_t count) const { return 2 * count > entries_.size(); }
+    // More than three quarters full: probe runs would grow long.
+    bool Crowded(std::size_t count) const { return 4 * count > 3 * entries_.size(); }
 
     std::vector<Entry> entries_;
     std::size_t size_ = 0;
