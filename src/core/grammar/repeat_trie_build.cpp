@@ -18,6 +18,7 @@ constexpr double kSortShare = 0.3;
 struct JoinedRules {
     std::vector<std::int32_t> symbols;
     std::vector<std::int32_t> separators;  // their places, in increasing order
+    std::int32_t length = 0;               // kept when the symbols are let go
     std::int32_t alphabet_size = 0;
 
     // The slot at a place that is no separator: rules' slots are numbered on without them.
@@ -26,7 +27,7 @@ struct JoinedRules {
     std::int32_t RestOfRule(std::int32_t place) const {
         const std::int32_t before = SeparatorsBefore(place);
         const auto size = static_cast<std::int32_t>(separators.size());
-        const std::int32_t end = before < size ? separators[before] : static_cast<std::int32_t>(symbols.size());
+        const std::int32_t end = before < size ? separators[before] : length;
         return end - place;
     }
 
@@ -54,6 +55,7 @@ JoinedRules JoinRules(const LinkedRules& text) {
         }
         joined.symbols.push_back(text.Symbol(slot));
     }
+    joined.length = static_cast<std::int32_t>(joined.symbols.size());
     return joined;
 }
 
@@ -65,7 +67,7 @@ JoinedRules JoinRules(const LinkedRules& text) {
 // between. The nodes of one subtree then lie together in memory, and no slot's path is walked
 // through the child table, as adding the slots one by one would.
 void RepeatTrie::AttachBySuffixes() {
-    const JoinedRules joined = JoinRules(text_);
+    JoinedRules joined = JoinRules(text_);
     const ProgressFn sort_poll = [this](const std::string&, float sorted) {
         scanned_ = kSortShare * sorted;
         return poll_ && poll_(scanned_);
@@ -76,6 +78,8 @@ void RepeatTrie::AttachBySuffixes() {
         stopped_ = true;
         return;
     }
+    // The sweep reads the symbols from the slots: the joined copy goes before the nodes come.
+    joined.symbols = {};
     const std::vector<std::int32_t>& order = suffixes->order;
     const std::vector<std::int32_t>& common = suffixes->common;
     const auto places = static_cast<std::int32_t>(order.size());
@@ -106,7 +110,7 @@ void RepeatTrie::AttachBySuffixes() {
             Step();
             const std::int32_t parent = open.empty() ? kRoot : open.back().node;
             const auto length = static_cast<std::int32_t>(open.size());
-            const std::int32_t node = NewNode(parent, joined.symbols[place + length]);
+            const std::int32_t node = NewNode(parent, text_.Symbol(slot + length));
             nodes_[node].border = BorderOfNew(node, slot);
             JoinGroup(node);
             open.push_back(Open{node, i, std::numeric_limits<std::int32_t>::max()});
@@ -116,7 +120,7 @@ void RepeatTrie::AttachBySuffixes() {
         path_end_[slot] = at;
         end_slot_[slot] = depth == 0 ? -1 : slot + depth - 1;
         if (depth < max_depth_ && depth < rest) {
-            children_.Insert(ChildKey(at, joined.symbols[place + depth]), kLeaf | slot);
+            children_.Insert(ChildKey(at, text_.Symbol(slot + depth)), kLeaf | slot);
             has_leaf_[slot] = 1;
         }
         if (depth > 0) open.back().min_slot = std::min(open.back().min_slot, slot);
