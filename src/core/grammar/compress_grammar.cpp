@@ -26,7 +26,7 @@ std::string ProgressText(const std::string& label, std::int32_t length) {
     return label + ": Find Words len =" + IntegerText(length);
 }
 
-// One display runs from 0 to 1 per trie: the first tenth is the share of the sequence scanned
+// One display runs from 0 to 1 per trie: the first tenth is the share of the build done
 // while the trie is built; the rest is how far the chosen words have shrunk, on a log scale,
 // from the first pass's: the count for pairs and for Shortest First, the gain for Maximum Gain
 // and the length otherwise. Greedy choices shrink roughly geometrically, so the display moves

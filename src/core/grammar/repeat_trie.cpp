@@ -73,10 +73,8 @@ void RepeatTrie::RemoveSlot(std::int32_t node, std::int32_t slot) {
     if (next >= 0) prev_at_node_[next] = prev;
 }
 
-// While the trie is built, the share scanned moves on with the slots.
 void RepeatTrie::AttachSlots(std::int32_t first, std::int32_t last) {
     for (std::int32_t slot = first; slot < last && !stopped_;) {
-        if (scanned_ >= 0) scanned_ = static_cast<double>(slot) / last;
         const std::int32_t symbol = text_.Symbol(slot);
         run_.clear();
         for (std::int32_t at = slot; at >= 0 && text_.Symbol(at) == symbol; at = text_.Next(at))
@@ -239,10 +237,7 @@ void RepeatTrie::LeaveGroup(std::int32_t index) {
 void RepeatTrie::CountChanged(std::int32_t index) {
     Node& node = nodes_[index];
     node.kept = kUnknown;
-    // During the build every node changes and nothing outside has read a count yet: a list of
-    // them all would only cost memory.
-    const bool building = scanned_ >= 0;
-    if (!node.changed && !building) {
+    if (!node.changed) {
         node.changed = true;
         changed_nodes_.push_back(index);
     }

@@ -22,7 +22,7 @@ namespace tessarin {
 // occurs once is a leaf, an entry of the child table that names its slot.
 class RepeatTrie {
   public:
-    // Called every few milliseconds of work, with the share of the slots scanned while the trie is
+    // Called every few milliseconds of work, with the share of the build done while the trie is
     // built and with -1 while a replacement is worked in; answers true to stop the work.
     using Poll = std::function<bool(double scanned)>;
 
