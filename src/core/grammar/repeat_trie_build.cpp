@@ -83,7 +83,6 @@ void RepeatTrie::AttachBySuffixes() {
     const std::vector<std::int32_t>& order = suffixes->order;
     const std::vector<std::int32_t>& common = suffixes->common;
     const auto places = static_cast<std::int32_t>(order.size());
-    auto reach = [&](std::int32_t place) { return std::min<std::int32_t>(joined.RestOfRule(place), max_depth_); };
 
     struct Open {
         std::int32_t node;
@@ -92,15 +91,15 @@ void RepeatTrie::AttachBySuffixes() {
     };
     std::vector<Open> open;  // the nodes of the current path, by depth
     std::int32_t common_before = 0;
-    std::int32_t reach_here = places > 0 ? reach(order[0]) : 0;
+    // The symbols from each suffix to the end of its rule, found once for it and its neighbour.
+    std::int32_t rest_next = places > 0 ? joined.RestOfRule(order[0]) : 0;
     for (std::int32_t i = 0; i < places && !stopped_; ++i) {
         scanned_ = kSortShare + (1 - kSortShare) * i / places;
         const std::int32_t place = order[i];
-        const std::int32_t reach_next = i + 1 < places ? reach(order[i + 1]) : 0;
-        const std::int32_t common_after = i + 1 < places ? std::min({common[i + 1], reach_here, reach_next}) : 0;
+        const std::int32_t rest = rest_next;
+        rest_next = i + 1 < places ? joined.RestOfRule(order[i + 1]) : 0;
+        const std::int32_t common_after = i + 1 < places ? std::min({common[i + 1], rest, rest_next, max_depth_}) : 0;
         const std::int32_t depth = std::max(common_before, common_after);
-        reach_here = reach_next;
-        const std::int32_t rest = joined.RestOfRule(place);
         if (rest == 0) {  // a separator
             common_before = common_after;
             continue;
