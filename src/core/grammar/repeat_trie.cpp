@@ -230,6 +230,10 @@ void RepeatTrie::LeaveGroup(std::int32_t index) {
     group.pop_back();
     if (moved != index) moved_nodes_.push_back(moved);
     node.group_index = -1;
+    // The lists ask for the longest group at every pass: once a long repeat is replaced, its
+    // thousands of lengths would be looked through empty.
+    while (groups_.size() > 1 && groups_.back().empty())
+        groups_.pop_back();
 }
 
 // A word's count is about to change: what was worked out from its occurrences is stale, and the

@@ -36,7 +36,7 @@ class RepeatTrie {
     // The nodes of the words of `length` symbols that occur at least twice, in no order.
     int GroupSize(int length) const;
     const std::vector<std::int32_t>& Group(int length) const { return groups_[length]; }
-    // The greatest length that has had a group, or 0.
+    // The greatest length that has a group, or 0.
     int GroupCount() const { return static_cast<int>(groups_.size()) - 1; }
 
     int Count(std::int32_t node) const { return nodes_[node].count; }

@@ -24,6 +24,20 @@ std::uint64_t PackCounts(const std::array<std::uint64_t, 4>& counts) {
     return key;
 }
 
+// Moves the k-th of the places in the order `before` to index k of `places`. A pick asks for the
+// first or the last of thousands of tied words most of the time: one pass that compares each with
+// the best so far, whose nodes stay in the cache, walks the trie a third as often as a selection.
+template <typename Before>
+void PlaceNth(std::vector<std::uint32_t>& places, std::size_t k, Before before) {
+    if (k == 0) {
+        std::iter_swap(places.begin(), std::min_element(places.begin(), places.end(), before));
+    } else if (k + 1 == places.size()) {
+        std::iter_swap(places.end() - 1, std::max_element(places.begin(), places.end(), before));
+    } else {
+        std::nth_element(places.begin(), places.begin() + static_cast<std::ptrdiff_t>(k), places.end(), before);
+    }
+}
+
 }  // namespace
 
 WordListView::WordListView(std::span<const Rule> rules, int max_depth, RepeatTrie::Poll poll)
@@ -364,10 +378,9 @@ WordListView::Placed WordListView::Select(int length, int offset) {
     const std::vector<Keyed>& words = KeptGroup(length);
     const auto before = static_cast<std::ptrdiff_t>(
         keyed_[length].list_keys.TiedWithNth(static_cast<std::size_t>(offset), tied_, select_room_));
-    const auto place = tied_.begin() + (offset - before);
-    std::nth_element(tied_.begin(), place, tied_.end(),
-                     [&](std::uint32_t a, std::uint32_t b) { return ListBefore(words[a], words[b]); });
-    return Placed{offset, words[*place].node, 0};
+    const auto k = static_cast<std::size_t>(offset - before);
+    PlaceNth(tied_, k, [&](std::uint32_t a, std::uint32_t b) { return ListBefore(words[a], words[b]); });
+    return Placed{offset, words[tied_[k]].node, 0};
 }
 
 // Where dropping the overlaps changed no count the list order is the search order: the rank is
@@ -482,11 +495,10 @@ std::optional<WordListView::Entry> WordListView::EntryFromCounts(int length, int
     if (rank == Rank::kUnneeded) return Entry{length, kept, 0};
     if (kept < count) {
         // A moved word: few tie with it.
-        const auto place = tied_.begin() + (offset - static_cast<std::ptrdiff_t>(before));
-        std::nth_element(tied_.begin(), place, tied_.end(),
-                         [&](std::uint32_t a, std::uint32_t b) { return ListBefore(words[a], words[b]); });
+        const std::size_t k = static_cast<std::size_t>(offset) - before;
+        PlaceNth(tied_, k, [&](std::uint32_t a, std::uint32_t b) { return ListBefore(words[a], words[b]); });
         // The moved words were listed in the copy's order of them, which holds for the pass.
-        Moved& word = order.moved[static_cast<std::size_t>(keyed_[length].moved_at[*place])];
+        Moved& word = order.moved[static_cast<std::size_t>(keyed_[length].moved_at[tied_[k]])];
         return Entry{length, kept, MovedRank(length, word)};
     }
     // The words not moved that come before this one in the list come before it in the search
