@@ -208,7 +208,11 @@ bool WordListView::SearchBefore(const Keyed& a, const Keyed& b) {
         short_of_a = a.prefixes[level];
         short_of_b = b.prefixes[level];
     }
-    return SearchBefore(short_of_a, short_of_b);
+    if (a.beyond < 0) return SearchBefore(short_of_a, short_of_b);
+    // The farthest prefixes copied tie on their counts and have more than 2 symbols: the walk's
+    // first step is known.
+    if (a.beyond == b.beyond) return trie_.FirstOccurrence(short_of_a) < trie_.FirstOccurrence(short_of_b);
+    return SearchBefore(a.beyond, b.beyond);
 }
 
 // After the overlaps are dropped, a group is ordered by kept count and, among equal ones, as the
@@ -233,6 +237,7 @@ WordListView::Keyed WordListView::ReadKeyed(std::int32_t node) {
         keyed.prefixes[static_cast<std::size_t>(level)] = prefix;
     }
     keyed.counts = {std::uint64_t{counts[0]} << 32 | counts[1], std::uint64_t{counts[2]} << 32 | counts[3]};
+    if (levels == Keyed::kLevels && trie_.Depth(node) - levels > 2) keyed.beyond = trie_.Parent(prefix);
     return keyed;
 }
 

@@ -86,6 +86,10 @@ class WordListView {
         std::int32_t kept = 0;  // -1 until needed, where working it out lists the occurrences
         std::array<std::int32_t, kLevels> prefixes{-1, -1, -1};  // their nodes, as far as counts are copied
         std::int32_t node = -1;                                  // -1: to be read again
+        // The parent of the last prefix copied, where a walk goes on from, when that prefix has
+        // more than 2 symbols; -1 otherwise. A word's prefixes keep their nodes while it lives, so
+        // this needs no reading again, and spares a walk a trip to memory for the prefix itself.
+        std::int32_t beyond = -1;
 
         std::int32_t Count() const { return static_cast<std::int32_t>(counts[0] >> 32); }
     };
