@@ -154,6 +154,19 @@ WordListView::GroupOrder& WordListView::ScannedOrder(int length) {
     order.reordered = false;
     order.most_kept = 0;
     order.fewest_kept = 0;
+    // A group a place has been picked out of is likely to be again: its copy is kept up to date,
+    // with the places where dropping the overlaps lowered a count and the counts held, and no
+    // word need be read. Other groups are read from the trie, as far as the scan goes.
+    if (Copied(length)) {
+        KeptGroup(length);
+        const KeyedCopy& copy = keyed_[length];
+        order.reordered = !copy.moved.empty();
+        if (!order.reordered && !copy.places_by_count.empty()) {
+            order.most_kept = copy.places_by_count.rbegin()->first;
+            order.fewest_kept = copy.places_by_count.begin()->first;
+        }
+        return order;
+    }
     // The counts are only of use in a group left in search order: the scan ends at the first
     // word whose count dropping the overlaps lowered.
     auto take = [&order](std::int32_t kept, std::int32_t count) {
@@ -165,18 +178,8 @@ WordListView::GroupOrder& WordListView::ScannedOrder(int length) {
         order.fewest_kept = order.fewest_kept == 0 ? kept : std::min(order.fewest_kept, kept);
         return true;
     };
-    // A group a place has been picked out of is likely to be again: its copy is kept up to date
-    // and read in order. Other groups are read from the trie, as far as the scan goes.
-    if (Copied(length)) {
-        const std::size_t size = KeyedGroup(length).size();
-        KeyedCopy& copy = keyed_[length];
-        for (std::size_t index = 0; index < size; ++index) {
-            if (!take(KeptAt(copy, index), copy.words[index].Count())) break;
-        }
-    } else {
-        for (const std::int32_t node : trie_.Group(length)) {
-            if (!take(trie_.Kept(node), trie_.Count(node))) break;
-        }
+    for (const std::int32_t node : trie_.Group(length)) {
+        if (!take(trie_.Kept(node), trie_.Count(node))) break;
     }
     return order;
 }
@@ -245,8 +248,11 @@ std::vector<WordListView::Keyed>& WordListView::KeyedGroup(int length) {
     if (keyed_.size() <= static_cast<std::size_t>(length)) keyed_.resize(static_cast<std::size_t>(length) + 1);
     KeyedCopy& copy = keyed_[length];
     const std::vector<std::int32_t>& group = trie_.Group(length);
+    const std::size_t old_size = copy.words.size();
     auto read = [&](std::size_t index) {
+        if (index < old_size) copy.Hold(copy.words[index].Count(), -1);
         const Keyed& word = copy.words[index] = ReadKeyed(group[index]);
+        copy.Hold(word.Count(), 1);
         copy.search_keys.Set(index, SearchKey(word));
         if (word.kept < 0) {
             copy.unkept.push_back(static_cast<std::int32_t>(index));
@@ -255,9 +261,9 @@ std::vector<WordListView::Keyed>& WordListView::KeyedGroup(int length) {
         }
         FileMoved(copy, index);
     };
-    const std::size_t old_size = copy.words.size();
     // Places past the group's end leave the moved list as words of unknown kept count.
     for (std::size_t index = group.size(); index < old_size; ++index) {
+        copy.Hold(copy.words[index].Count(), -1);
         copy.words[index].kept = -1;
         FileMoved(copy, index);
     }
@@ -278,6 +284,12 @@ std::vector<WordListView::Keyed>& WordListView::KeyedGroup(int length) {
     }
     copy.stale.clear();
     return copy.words;
+}
+
+void WordListView::KeyedCopy::Hold(std::int32_t count, std::int32_t places) {
+    const auto at = places_by_count.try_emplace(count, 0).first;
+    at->second += places;
+    if (at->second == 0) places_by_count.erase(at);
 }
 
 std::int32_t WordListView::KeptAt(KeyedCopy& copy, std::size_t index) {

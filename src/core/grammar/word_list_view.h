@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <span>
 #include <utility>
@@ -106,6 +107,11 @@ class WordListView {
         // there or -1: the group's order differs from the search's at these alone.
         std::vector<std::uint32_t> moved;
         std::vector<std::int32_t> moved_at;
+        // Per count, the places that hold it: the greatest and least count of a group left in
+        // search order, which a walk asks for at every pass, without reading the group.
+        std::map<std::int32_t, std::int32_t> places_by_count;
+
+        void Hold(std::int32_t count, std::int32_t places);
     };
     // A word of the group that dropping the overlaps moved: its kept count is below its count.
     struct Moved {
