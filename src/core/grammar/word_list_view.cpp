@@ -154,32 +154,15 @@ WordListView::GroupOrder& WordListView::ScannedOrder(int length) {
     order.reordered = false;
     order.most_kept = 0;
     order.fewest_kept = 0;
-    // A group a place has been picked out of is likely to be again: its copy is kept up to date,
-    // with the places where dropping the overlaps lowered a count and the counts held, and no
-    // word need be read. Other groups are read from the trie, as far as the scan goes.
-    if (Copied(length)) {
-        KeptGroup(length);
-        const KeyedCopy& copy = keyed_[length];
-        order.reordered = !copy.moved.empty();
-        if (!order.reordered && !copy.places_by_count.empty()) {
-            order.most_kept = copy.places_by_count.rbegin()->first;
-            order.fewest_kept = copy.places_by_count.begin()->first;
-        }
-        return order;
-    }
-    // The counts are only of use in a group left in search order: the scan ends at the first
-    // word whose count dropping the overlaps lowered.
-    auto take = [&order](std::int32_t kept, std::int32_t count) {
-        if (kept < count) {
-            order.reordered = true;
-            return false;
-        }
-        order.most_kept = std::max(order.most_kept, kept);
-        order.fewest_kept = order.fewest_kept == 0 ? kept : std::min(order.fewest_kept, kept);
-        return true;
-    };
-    for (const std::int32_t node : trie_.Group(length)) {
-        if (!take(trie_.Kept(node), trie_.Count(node))) break;
+    // The group's copy is kept up to date with the places where dropping the overlaps lowered a
+    // count and with the counts held, so no word need be read: a scan of the trie's group would
+    // read the words far apart in memory, pass after pass.
+    KeptGroup(length);
+    const KeyedCopy& copy = keyed_[length];
+    order.reordered = !copy.moved.empty();
+    if (!order.reordered && !copy.places_by_count.empty()) {
+        order.most_kept = copy.places_by_count.rbegin()->first;
+        order.fewest_kept = copy.places_by_count.begin()->first;
     }
     return order;
 }
