@@ -139,7 +139,7 @@ WordListView::GroupOrder& WordListView::Order(int length) {
     GroupOrder& order = orders_[length];
     if (order.generation != generation_) {
         order.generation = generation_;
-        order.scanned = false;
+        order.counted = false;
         order.moved_listed = false;
         order.selected.clear();
         order.list.clear();
@@ -147,23 +147,20 @@ WordListView::GroupOrder& WordListView::Order(int length) {
     return order;
 }
 
-WordListView::GroupOrder& WordListView::ScannedOrder(int length) {
+WordListView::GroupOrder& WordListView::CountedOrder(int length) {
     GroupOrder& order = Order(length);
-    if (order.scanned) return order;
-    order.scanned = true;
-    order.reordered = false;
-    order.most_kept = 0;
-    order.fewest_kept = 0;
+    if (order.counted) return order;
+    order.counted = true;
     // The group's copy is kept up to date with the places where dropping the overlaps lowered a
     // count and with the counts held, so no word need be read: a scan of the trie's group would
     // read the words far apart in memory, pass after pass.
     KeptGroup(length);
     const KeyedCopy& copy = keyed_[length];
     order.reordered = !copy.moved.empty();
-    if (!order.reordered && !copy.places_by_count.empty()) {
-        order.most_kept = copy.places_by_count.rbegin()->first;
-        order.fewest_kept = copy.places_by_count.begin()->first;
-    }
+    // Left in search order, every word is kept as often as it occurs.
+    const bool in_search_order = !order.reordered && !copy.places_by_count.empty();
+    order.most_kept = in_search_order ? copy.places_by_count.rbegin()->first : 0;
+    order.fewest_kept = in_search_order ? copy.places_by_count.begin()->first : 0;
     return order;
 }
 
@@ -387,7 +384,7 @@ WordListView::Placed WordListView::Select(int length, int offset) {
 // the place. Otherwise the words before it in search order are counted, by SearchKey and, among
 // the words tied with it there, by comparison.
 std::int32_t WordListView::SearchRank(int length, const Placed& placed) {
-    if (!ScannedOrder(length).reordered) return placed.offset + 1;
+    if (!CountedOrder(length).reordered) return placed.offset + 1;
     const std::vector<Keyed>& words = KeptGroup(length);
     KeyIndex& keys = keyed_[length].search_keys;
     const auto chosen = static_cast<std::size_t>(trie_.GroupIndex(placed.node));
@@ -451,7 +448,7 @@ WordListView::Entry WordListView::At(int position, Rank rank) {
     if (place.length > 2 && trie_.GroupSize(place.length) > 1) {
         // In a group that dropping the overlaps left in search order, the first and last places
         // are the greatest and least counts, and no word need be picked out.
-        const GroupOrder& order = ScannedOrder(place.length);
+        const GroupOrder& order = CountedOrder(place.length);
         const int last = trie_.GroupSize(place.length) - 1;
         if (!order.reordered && place.offset == 0) return Entry{place.length, order.most_kept, 1};
         if (!order.reordered && place.offset == last) return Entry{place.length, order.fewest_kept, last + 1};

@@ -127,9 +127,9 @@ class WordListView {
         bool moved_listed = false;
         bool too_many_moved = false;
         std::vector<Moved> moved;
-        // What one scan of the kept counts tells, once per pass: whether dropping the overlaps
+        // What the group's copy tells of the kept counts, once per pass: whether dropping the overlaps
         // reordered the group at all and, if not, its greatest and least kept counts.
-        bool scanned = false;
+        bool counted = false;
         bool reordered = false;
         std::int32_t most_kept = 0;
         std::int32_t fewest_kept = 0;
@@ -157,8 +157,8 @@ class WordListView {
     bool SearchBefore(const Keyed& a, const Keyed& b);
     bool ListBefore(const Keyed& a, const Keyed& b);
     GroupOrder& Order(int length);
-    // The group's order with its scan done.
-    GroupOrder& ScannedOrder(int length);
+    // The group's order with what its copy tells of the kept counts.
+    GroupOrder& CountedOrder(int length);
     void SortGroup(int length, GroupOrder& order);
     Keyed ReadKeyed(std::int32_t node);
     bool Copied(int length) const {
