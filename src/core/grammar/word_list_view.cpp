@@ -375,9 +375,12 @@ WordListView::Placed WordListView::Select(int length, int offset) {
     const std::vector<Keyed>& words = KeptGroup(length);
     const auto before = static_cast<std::ptrdiff_t>(
         keyed_[length].list_keys.TiedWithNth(static_cast<std::size_t>(offset), tied_, select_room_));
-    const auto k = static_cast<std::size_t>(offset - before);
+    return Placed{offset, words[NthTiedInList(words, static_cast<std::size_t>(offset - before))].node, 0};
+}
+
+std::uint32_t WordListView::NthTiedInList(const std::vector<Keyed>& words, std::size_t k) {
     PlaceNth(tied_, k, [&](std::uint32_t a, std::uint32_t b) { return ListBefore(words[a], words[b]); });
-    return Placed{offset, words[tied_[k]].node, 0};
+    return tied_[k];
 }
 
 // Where dropping the overlaps changed no count the list order is the search order: the rank is
@@ -492,10 +495,9 @@ std::optional<WordListView::Entry> WordListView::EntryFromCounts(int length, int
     if (rank == Rank::kUnneeded) return Entry{length, kept, 0};
     if (kept < count) {
         // A moved word: few tie with it.
-        const std::size_t k = static_cast<std::size_t>(offset) - before;
-        PlaceNth(tied_, k, [&](std::uint32_t a, std::uint32_t b) { return ListBefore(words[a], words[b]); });
+        const std::uint32_t place = NthTiedInList(words, static_cast<std::size_t>(offset) - before);
         // The moved words were listed in the copy's order of them, which holds for the pass.
-        Moved& word = order.moved[static_cast<std::size_t>(keyed_[length].moved_at[tied_[k]])];
+        Moved& word = order.moved[static_cast<std::size_t>(keyed_[length].moved_at[place])];
         return Entry{length, kept, MovedRank(length, word)};
     }
     // The words not moved that come before this one in the list come before it in the search

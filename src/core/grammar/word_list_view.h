@@ -178,6 +178,8 @@ class WordListView {
     // Marks the copies of the word and of the longer words that copy its count to be read again.
     void MarkStale(std::int32_t node, int levels_below);
     Placed Select(int length, int offset);
+    // The place of the k-th of the places in tied_ in list order, moved to tied_[k].
+    std::uint32_t NthTiedInList(const std::vector<Keyed>& words, std::size_t k);
     // The entry at a place of a trie group, from the kept counts and the moved words alone;
     // nothing where the group has too many moved words or the keys do not tell the counts.
     std::optional<Entry> EntryFromCounts(int length, int offset, Rank rank);
@@ -204,7 +206,7 @@ class WordListView {
     GroupCursor cursor_;           // the group located last, until the groups change
     std::int64_t generation_ = 0;  // grows with every rule, so cached orders expire
     std::vector<GroupOrder> orders_;
-    std::vector<KeyedCopy> keyed_;            // per length, once a place is picked out of the group
+    std::vector<KeyedCopy> keyed_;            // per length, once the group is asked about
     std::vector<std::uint32_t> tied_;         // room for Select and SearchRank: places of tied words
     std::vector<std::uint64_t> select_room_;  // room for Select to select among keys
 };
