@@ -271,7 +271,11 @@ void RepeatTrie::Extend(std::int32_t slot) {
             }
             // A slot walked on twice (cut for two occurrences) finds its own leaf: its path is whole.
             if (found == (kLeaf | start)) break;
-            const std::int32_t child = (found & kLeaf) != 0 ? NodeFromLeaf(at, symbol, found & ~kLeaf, start) : found;
+            if ((found & kLeaf) != 0) {
+                at = WalkTogether(at, next, found & ~kLeaf, start, end);
+                break;
+            }
+            const std::int32_t child = found;
             Step();
             CountChanged(child);
             Node& node = nodes_[child];
@@ -292,6 +296,45 @@ void RepeatTrie::Extend(std::int32_t slot) {
             end_slot_[start] = end;
         }
     }
+}
+
+// A second occurrence of the word that the leaf stood for: the two share it and, inside a long
+// repeat, thousands of longer words, each new to the trie and theirs alone until their symbols
+// part. Walked one slot at a time, each of those words would first be a leaf of one slot and be
+// taken back as the other met it.
+std::int32_t RepeatTrie::WalkTogether(std::int32_t at, std::int32_t next, std::int32_t other, std::int32_t start,
+                                      std::int32_t& end) {
+    children_.Erase(ChildKey(at, text_.Symbol(next)));
+    has_leaf_[other] = 0;
+    RemoveSlot(at, other);
+    std::int32_t other_next = at == kRoot ? other : text_.Next(end_slot_[other]);
+    std::int32_t other_end = other_next;
+    for (;;) {
+        Step();
+        const std::int32_t child = NewNode(at, text_.Symbol(next));
+        nodes_[child].border = BorderOfNew(child, start);
+        CountChanged(child);
+        nodes_[child].count = 2;
+        nodes_[child].first_occurrence = std::min(start, other);
+        JoinGroup(child);
+        at = child;
+        end = next;
+        other_end = other_next;
+        if (nodes_[child].depth >= max_depth_) break;
+        next = text_.Next(end);
+        other_next = text_.Next(other_end);
+        if (next >= 0 && other_next >= 0 && text_.Symbol(next) == text_.Symbol(other_next)) continue;
+        for (const auto& [slot, after] : {std::pair{start, next}, std::pair{other, other_next}}) {
+            if (after < 0) continue;
+            children_.Insert(ChildKey(at, text_.Symbol(after)), kLeaf | slot);
+            has_leaf_[slot] = 1;
+        }
+        break;
+    }
+    AddSlot(at, other);
+    path_end_[other] = at;
+    end_slot_[other] = other_end;
+    return at;
 }
 
 // A second occurrence of the word the leaf of `other` stood for, found from `start`: the leaf

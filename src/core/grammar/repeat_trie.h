@@ -141,6 +141,10 @@ class RepeatTrie {
     // Attaches the slots of a longest run of one symbol, `run_` in text order.
     void AttachRun();
     void Extend(std::int32_t slot);
+    // `start` reaches, at `next`, the word that the leaf of `other` under `at` stands for: both walk
+    // on together. Answers where the path of `start` ends, its last slot in `end`.
+    std::int32_t WalkTogether(std::int32_t at, std::int32_t next, std::int32_t other, std::int32_t start,
+                              std::int32_t& end);
     std::int32_t NodeFromLeaf(std::int32_t at, std::int32_t symbol, std::int32_t other, std::int32_t start);
     // `end`: the last slot of the word of `depth` symbols that starts at `slot`.
     void Cut(std::int32_t slot, int depth, std::int32_t end);
