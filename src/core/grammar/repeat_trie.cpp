@@ -115,8 +115,7 @@ void RepeatTrie::AttachRun() {
         }
         if (found < 0 && added == 1) {
             // The whole run occurs here only: the first slot's path ends in a leaf.
-            children_.Insert(ChildKey(at, symbol), kLeaf | start);
-            has_leaf_[start] = 1;
+            InsertLeaf(at, symbol, start);
             leaf = true;
             break;
         }
@@ -265,8 +264,7 @@ void RepeatTrie::Extend(std::int32_t slot) {
             const std::int32_t found = FindChild(at, symbol);
             if (found < 0) {
                 // The word occurs here only: the slot's path ends in a leaf.
-                children_.Insert(ChildKey(at, symbol), kLeaf | start);
-                has_leaf_[start] = 1;
+                InsertLeaf(at, symbol, start);
                 break;
             }
             // A slot walked on twice (cut for two occurrences) finds its own leaf: its path is whole.
@@ -325,9 +323,7 @@ std::int32_t RepeatTrie::WalkTogether(std::int32_t at, std::int32_t next, std::i
         other_next = text_.Next(other_end);
         if (next >= 0 && other_next >= 0 && text_.Symbol(next) == text_.Symbol(other_next)) continue;
         for (const auto& [slot, after] : {std::pair{start, next}, std::pair{other, other_next}}) {
-            if (after < 0) continue;
-            children_.Insert(ChildKey(at, text_.Symbol(after)), kLeaf | slot);
-            has_leaf_[slot] = 1;
+            if (after >= 0) InsertLeaf(at, text_.Symbol(after), slot);
         }
         break;
     }
@@ -363,6 +359,11 @@ std::int32_t RepeatTrie::FindChild(std::int32_t node, std::int32_t symbol) const
         if (nodes_[child].symbol == symbol) return child;
     }
     return children_.Find(ChildKey(node, symbol));
+}
+
+void RepeatTrie::InsertLeaf(std::int32_t node, std::int32_t symbol, std::int32_t slot) {
+    children_.Insert(ChildKey(node, symbol), kLeaf | slot);
+    has_leaf_[slot] = 1;
 }
 
 // The word one symbol longer than where the slot's path ends, when it occurs there only.
@@ -490,8 +491,7 @@ void RepeatTrie::Collapse(std::int32_t index) {
     AddSlot(parent, slot);
     path_end_[slot] = parent;
     end_slot_[slot] = end;
-    children_.Insert(ChildKey(parent, symbol), kLeaf | slot);
-    has_leaf_[slot] = 1;
+    InsertLeaf(parent, symbol, slot);
 }
 
 // The paths that reach into an occurrence are cut back while they still describe the old text,

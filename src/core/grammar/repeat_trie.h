@@ -132,6 +132,8 @@ class RepeatTrie {
     void FitSlotArrays();
     // The child-table entry of the word `node` continued by `symbol`: a node, kLeaf | slot, or -1.
     std::int32_t FindChild(std::int32_t node, std::int32_t symbol) const;
+    // Files the leaf of `slot`, whose word is that of `node` continued by `symbol`.
+    void InsertLeaf(std::int32_t node, std::int32_t symbol, std::int32_t slot);
     // Attaches every slot of the rules the trie starts from, from their sorted suffixes.
     void AttachBySuffixes();
     // Attaches the slots from `first` up to (not including) `last`, fresh slots of whole rules,

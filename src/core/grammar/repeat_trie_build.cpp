@@ -118,10 +118,7 @@ void RepeatTrie::AttachBySuffixes() {
         AddSlot(at, slot);
         path_end_[slot] = at;
         end_slot_[slot] = depth == 0 ? -1 : slot + depth - 1;
-        if (depth < max_depth_ && depth < rest) {
-            children_.Insert(ChildKey(at, text_.Symbol(slot + depth)), kLeaf | slot);
-            has_leaf_[slot] = 1;
-        }
+        if (depth < max_depth_ && depth < rest) InsertLeaf(at, text_.Symbol(slot + depth), slot);
         if (depth > 0) open.back().min_slot = std::min(open.back().min_slot, slot);
         while (static_cast<std::int32_t>(open.size()) > common_after) {
             const Open closed = open.back();
