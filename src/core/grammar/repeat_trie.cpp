@@ -302,8 +302,7 @@ void RepeatTrie::Extend(std::int32_t slot) {
 // taken back as the other met it.
 std::int32_t RepeatTrie::WalkTogether(std::int32_t at, std::int32_t next, std::int32_t other, std::int32_t start,
                                       std::int32_t& end) {
-    children_.Erase(ChildKey(at, text_.Symbol(next)));
-    has_leaf_[other] = 0;
+    DropLeaf(other);
     RemoveSlot(at, other);
     std::int32_t other_next = at == kRoot ? other : text_.Next(end_slot_[other]);
     std::int32_t other_end = other_next;

@@ -152,8 +152,8 @@ WordListView::GroupOrder& WordListView::CountedOrder(int length) {
     if (order.counted) return order;
     order.counted = true;
     // The group's copy is kept up to date with the places where dropping the overlaps lowered a
-    // count and with the counts held, so no word need be read: a scan of the trie's group would
-    // read the words far apart in memory, pass after pass.
+    // count and with the counts held, so only the words whose counts changed are read again: a scan
+    // of the trie's group would read all its words, far apart in memory, pass after pass.
     KeptGroup(length);
     const KeyedCopy& copy = keyed_[length];
     order.reordered = !copy.moved.empty();
