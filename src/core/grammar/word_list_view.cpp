@@ -225,6 +225,10 @@ WordListView::Keyed WordListView::ReadKeyed(std::int32_t node) {
 }
 
 std::vector<WordListView::Keyed>& WordListView::KeyedGroup(int length) {
+    if (streaming_ && length != streamed_length_) {
+        LetGo(streamed_length_);
+        streamed_length_ = length;
+    }
     if (keyed_.size() <= static_cast<std::size_t>(length)) keyed_.resize(static_cast<std::size_t>(length) + 1);
     KeyedCopy& copy = keyed_[length];
     const std::vector<std::int32_t>& group = trie_.Group(length);
@@ -320,6 +324,10 @@ void WordListView::NoteChanges() {
     std::size_t copied = 0;
     for (const KeyedCopy& copy : keyed_)
         copied += copy.words.size();
+    std::size_t words = 0;
+    for (int length = 3; length <= trie_.GroupCount(); ++length)
+        words += static_cast<std::size_t>(trie_.GroupSize(length));
+    streaming_ = 4 * changed.size() > words;
     if (4 * changed.size() > copied) {
         keyed_.clear();
         return;
@@ -330,6 +338,11 @@ void WordListView::NoteChanges() {
     for (const std::int32_t node : changed) {
         if (trie_.Alive(node)) MarkStale(node, 0);
     }
+}
+
+void WordListView::LetGo(int length) {
+    if (static_cast<std::size_t>(length) < keyed_.size()) keyed_[length] = KeyedCopy{};
+    if (static_cast<std::size_t>(length) < orders_.size()) orders_[length] = GroupOrder{};
 }
 
 void WordListView::MarkPlaceStale(int length, std::int32_t index) {

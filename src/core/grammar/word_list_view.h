@@ -164,6 +164,8 @@ class WordListView {
     bool Copied(int length) const {
         return static_cast<std::size_t>(length) < keyed_.size() && !keyed_[length].words.empty();
     }
+    // Lets go of the group's copy and of its order, which are read again when next needed.
+    void LetGo(int length);
     // Notes a place of a copied group to be read again.
     void MarkPlaceStale(int length, std::int32_t index);
     // The group's words with their counts, in the trie's order of the group.
@@ -209,6 +211,12 @@ class WordListView {
     std::vector<KeyedCopy> keyed_;            // per length, once the group is asked about
     std::vector<std::uint32_t> tied_;         // room for Select and SearchRank: places of tied words
     std::vector<std::uint64_t> select_room_;  // room for Select to select among keys
+    // Where the passes change counts all over, as Maximum Gain's first passes do, every copy is read
+    // afresh at the next pass anyway; the copies of all groups together then take more memory than
+    // the trie's nodes. So from the build on, and after each pass that changed the counts of more than
+    // a quarter of the trie's words, a group's copy is let go as soon as another group is read.
+    bool streaming_ = true;
+    int streamed_length_ = 0;  // the group read last while streaming
 };
 
 }  // namespace tessarin
