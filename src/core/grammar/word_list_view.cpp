@@ -351,7 +351,7 @@ void WordListView::MarkPlaceStale(int length, std::int32_t index) {
     // A copy left unread for many passes is dropped rather than let its list of stale places
     // grow; it is read whole when next needed.
     if (copy.stale.size() >= copy.words.size()) {
-        copy = KeyedCopy{};
+        LetGo(length);
         return;
     }
     copy.stale.push_back(index);
