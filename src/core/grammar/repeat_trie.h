@@ -50,6 +50,8 @@ class RepeatTrie {
     std::int32_t NextSibling(std::int32_t node) const { return nodes_[node].next_sibling; }
     // False for a node that has gone (and for the root).
     bool Alive(std::int32_t node) const { return nodes_[node].parent >= 0; }
+    // Asks the memory for the node some reads before it is needed.
+    void Prefetch(std::int32_t node) const { __builtin_prefetch(&nodes_[node]); }
     // The first slot where the word occurs.
     std::int32_t FirstOccurrence(std::int32_t node);
     // The shortest prefix of the word, of 2 symbols or more, that occurs as often as the word.

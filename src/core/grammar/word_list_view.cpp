@@ -165,7 +165,7 @@ WordListView::GroupOrder& WordListView::CountedOrder(int length) {
 }
 
 void WordListView::SortGroup(int length, GroupOrder& order) {
-    std::vector<Keyed> search = KeptGroup(length);
+    std::vector<Keyed> search = KeptGroup(length, Prefixes::kWanted);
     std::sort(search.begin(), search.end(), [this](const Keyed& a, const Keyed& b) { return SearchBefore(a, b); });
     std::vector<std::int32_t> by_kept(search.size());
     std::iota(by_kept.begin(), by_kept.end(), 0);
@@ -204,24 +204,29 @@ bool WordListView::ListBefore(const Keyed& a, const Keyed& b) {
     return a.kept != b.kept ? a.kept > b.kept : SearchBefore(a, b);
 }
 
-// The prefixes' counts are copied only while a walk from the word would reach them, past words
-// of 2 symbols (ordered by symbols) and children of one parent (whose prefixes' counts then all tie).
-WordListView::Keyed WordListView::ReadKeyed(std::int32_t node) {
+WordListView::Keyed WordListView::ReadKeyed(std::int32_t node, bool with_prefixes) {
     Keyed keyed;
     keyed.kept = trie_.KnownKept(node);
     keyed.node = node;
+    keyed.counts[0] = std::uint64_t{static_cast<std::uint32_t>(trie_.Count(node))} << 32;
+    if (with_prefixes) ReadPrefixes(keyed);
+    return keyed;
+}
+
+// The prefixes' counts are copied only while a walk from the word would reach them, past words
+// of 2 symbols (ordered by symbols) and children of one parent (whose prefixes' counts then all tie).
+void WordListView::ReadPrefixes(Keyed& word) {
     static_assert(Keyed::kLevels == 3, "the word's count and three prefixes' fill two 64-bit halves");
-    std::array<std::uint32_t, Keyed::kLevels + 1> counts{static_cast<std::uint32_t>(trie_.Count(node))};
-    const int levels = std::clamp(trie_.Depth(node) - 2, 0, Keyed::kLevels);
-    std::int32_t prefix = node;
+    std::array<std::uint32_t, Keyed::kLevels> counts{};
+    const int levels = std::clamp(trie_.Depth(word.node) - 2, 0, Keyed::kLevels);
+    std::int32_t prefix = word.node;
     for (int level = 0; level < levels; ++level) {
         prefix = trie_.Parent(prefix);
-        counts[static_cast<std::size_t>(level) + 1] = static_cast<std::uint32_t>(trie_.Count(prefix));
-        keyed.prefixes[static_cast<std::size_t>(level)] = prefix;
+        counts[static_cast<std::size_t>(level)] = static_cast<std::uint32_t>(trie_.Count(prefix));
+        word.prefixes[static_cast<std::size_t>(level)] = prefix;
     }
-    keyed.counts = {std::uint64_t{counts[0]} << 32 | counts[1], std::uint64_t{counts[2]} << 32 | counts[3]};
-    if (levels == Keyed::kLevels && trie_.Depth(node) - levels > 2) keyed.beyond = trie_.Parent(prefix);
-    return keyed;
+    word.counts = {word.counts[0] >> 32 << 32 | counts[0], std::uint64_t{counts[1]} << 32 | counts[2]};
+    if (levels == Keyed::kLevels && trie_.Depth(word.node) - levels > 2) word.beyond = trie_.Parent(prefix);
 }
 
 std::vector<WordListView::Keyed>& WordListView::KeyedGroup(int length) {
@@ -233,11 +238,12 @@ std::vector<WordListView::Keyed>& WordListView::KeyedGroup(int length) {
     KeyedCopy& copy = keyed_[length];
     const std::vector<std::int32_t>& group = trie_.Group(length);
     const std::size_t old_size = copy.words.size();
+    if (old_size == 0) copy.with_prefixes = !streaming_;
     auto read = [&](std::size_t index) {
         if (index < old_size) copy.Hold(copy.words[index].Count(), -1);
-        const Keyed& word = copy.words[index] = ReadKeyed(group[index]);
+        const Keyed& word = copy.words[index] = ReadKeyed(group[index], copy.with_prefixes);
         copy.Hold(word.Count(), 1);
-        copy.search_keys.Set(index, SearchKey(word));
+        if (copy.with_prefixes) copy.search_keys.Set(index, SearchKey(word));
         if (word.kept < 0) {
             copy.unkept.push_back(static_cast<std::int32_t>(index));
         } else {
@@ -260,8 +266,11 @@ std::vector<WordListView::Keyed>& WordListView::KeyedGroup(int length) {
         copy.unkept.clear();
     }
     // Words that joined the group, or moved within it as others left, are read again with the stale ones.
-    for (std::size_t index = old_size; index < group.size(); ++index)
+    constexpr std::size_t kPrefetchAhead = 16;
+    for (std::size_t index = old_size; index < group.size(); ++index) {
+        if (index + kPrefetchAhead < group.size()) trie_.Prefetch(group[index + kPrefetchAhead]);
         read(index);
+    }
     for (const std::int32_t place : copy.stale) {
         const auto index = static_cast<std::size_t>(place);
         if (index < old_size && index < group.size() && copy.words[index].node != group[index]) read(index);
@@ -304,9 +313,22 @@ void WordListView::FileMoved(KeyedCopy& copy, std::size_t index) {
 }
 
 // The copy with every kept count worked out, which then stay worked out until a count changes.
-std::vector<WordListView::Keyed>& WordListView::KeptGroup(int length) {
+std::vector<WordListView::Keyed>& WordListView::KeptGroup(int length, Prefixes prefixes) {
     std::vector<Keyed>& words = KeyedGroup(length);
     KeyedCopy& copy = keyed_[length];
+    if (prefixes == Prefixes::kWanted && !copy.with_prefixes) {
+        // Filed afresh: ranges drawn on the counts alone would hold the finer keys unevenly.
+        copy.with_prefixes = true;
+        copy.search_keys = KeyIndex{};
+        copy.search_keys.Resize(words.size());
+        copy.list_keys = KeyIndex{};
+        copy.list_keys.Resize(words.size());
+        for (std::size_t index = 0; index < words.size(); ++index) {
+            ReadPrefixes(words[index]);
+            copy.search_keys.Set(index, SearchKey(words[index]));
+            if (words[index].kept >= 0) copy.list_keys.Set(index, ListKey(words[index]));
+        }
+    }
     for (const std::int32_t place : copy.unkept) {
         if (static_cast<std::size_t>(place) < words.size()) KeptAt(copy, static_cast<std::size_t>(place));
     }
@@ -385,7 +407,7 @@ void WordListView::MarkStale(std::int32_t node, int levels_below) {
 // small share of a large group, and only comparisons between those can walk the trie. Its rank is
 // left to SearchRank.
 WordListView::Placed WordListView::Select(int length, int offset) {
-    const std::vector<Keyed>& words = KeptGroup(length);
+    const std::vector<Keyed>& words = KeptGroup(length, Prefixes::kWanted);
     const auto before = static_cast<std::ptrdiff_t>(
         keyed_[length].list_keys.TiedWithNth(static_cast<std::size_t>(offset), tied_, select_room_));
     return Placed{offset, words[NthTiedInList(words, static_cast<std::size_t>(offset - before))].node, 0};
@@ -401,7 +423,7 @@ std::uint32_t WordListView::NthTiedInList(const std::vector<Keyed>& words, std::
 // the words tied with it there, by comparison.
 std::int32_t WordListView::SearchRank(int length, const Placed& placed) {
     if (!CountedOrder(length).reordered) return placed.offset + 1;
-    const std::vector<Keyed>& words = KeptGroup(length);
+    const std::vector<Keyed>& words = KeptGroup(length, Prefixes::kWanted);
     KeyIndex& keys = keyed_[length].search_keys;
     const auto chosen = static_cast<std::size_t>(trie_.GroupIndex(placed.node));
     auto rank = static_cast<std::int32_t>(1 + keys.Tied(keys[chosen], tied_));

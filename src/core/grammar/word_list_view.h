@@ -82,7 +82,9 @@ class WordListView {
     struct Keyed {
         static constexpr int kLevels = 3;
         // The count, then the counts of the prefixes one, two and three symbols shorter, 32 bits
-        // each: two comparisons of 64-bit halves follow the search order over all four.
+        // each: two comparisons of 64-bit halves follow the search order over all four. The
+        // prefixes' are 0, and their nodes -1, in a copy that holds no prefixes: the comparisons
+        // then walk the trie from the words themselves.
         std::array<std::uint64_t, 2> counts{};
         std::int32_t kept = 0;  // -1 until needed, where working it out lists the occurrences
         std::array<std::int32_t, kLevels> prefixes{-1, -1, -1};  // their nodes, as far as counts are copied
@@ -98,6 +100,10 @@ class WordListView {
     // thousands, and reading it all again before each pick cost as much as the pick.
     struct KeyedCopy {
         std::vector<Keyed> words;
+        // Whether the words' prefixes are copied too. The walk of passes that change counts all
+        // over reads most groups for their kept counts alone, and each prefix is one more trip to
+        // memory; only a pick among tied words or a search rank needs them, and then reads them all.
+        bool with_prefixes = true;
         // Per place, the word's ListKey and SearchKey, which a pick selects among before any comparison.
         KeyIndex list_keys;
         KeyIndex search_keys;
@@ -160,7 +166,9 @@ class WordListView {
     // The group's order with what its copy tells of the kept counts.
     GroupOrder& CountedOrder(int length);
     void SortGroup(int length, GroupOrder& order);
-    Keyed ReadKeyed(std::int32_t node);
+    Keyed ReadKeyed(std::int32_t node, bool with_prefixes);
+    // Copies the counts of the word's nearest prefixes into it, with their nodes.
+    void ReadPrefixes(Keyed& word);
     bool Copied(int length) const {
         return static_cast<std::size_t>(length) < keyed_.size() && !keyed_[length].words.empty();
     }
@@ -174,7 +182,8 @@ class WordListView {
     std::int32_t KeptAt(KeyedCopy& copy, std::size_t index);
     // Lists the place among the moved ones or takes it off, as its word now stands.
     static void FileMoved(KeyedCopy& copy, std::size_t index);
-    std::vector<Keyed>& KeptGroup(int length);
+    enum class Prefixes { kUnneeded, kWanted };
+    std::vector<Keyed>& KeptGroup(int length, Prefixes prefixes = Prefixes::kUnneeded);
     // Takes in the words whose counts the last build or rule changed.
     void NoteChanges();
     // Marks the copies of the word and of the longer words that copy its count to be read again.
