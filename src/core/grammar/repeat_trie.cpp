@@ -180,6 +180,7 @@ std::int32_t RepeatTrie::NewNode(std::int32_t parent, std::int32_t symbol) {
         chain[node.depth] = index;
     }
     above.first_child = index;
+    above.child_symbols |= SymbolBit(symbol);
     if (above.child_nodes == kHashedChildren) {
         children_.Insert(ChildKey(parent, symbol), index);
     } else if (++above.child_nodes > kListedChildren) {
@@ -353,9 +354,11 @@ std::int32_t RepeatTrie::NodeFromLeaf(std::int32_t at, std::int32_t symbol, std:
 // the node read next anyway, where the table would cost one more trip to memory. Leaves are only
 // in the table, as are the children of a word with many continuations.
 std::int32_t RepeatTrie::FindChild(std::int32_t node, std::int32_t symbol) const {
-    std::int32_t child = nodes_[node].first_child;
-    for (int looked = 0; child >= 0 && looked < kListedChildren; ++looked, child = nodes_[child].next_sibling) {
-        if (nodes_[child].symbol == symbol) return child;
+    if ((nodes_[node].child_symbols & SymbolBit(symbol)) != 0) {
+        std::int32_t child = nodes_[node].first_child;
+        for (int looked = 0; child >= 0 && looked < kListedChildren; ++looked, child = nodes_[child].next_sibling) {
+            if (nodes_[child].symbol == symbol) return child;
+        }
     }
     return children_.Find(ChildKey(node, symbol));
 }

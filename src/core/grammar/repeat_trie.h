@@ -114,7 +114,13 @@ class RepeatTrie {
         // The children that are nodes, while there are at most kListedChildren; kHashedChildren
         // once they have all gone into the child table.
         std::uint8_t child_nodes = 0;
+        // A bit per class of symbols (by their lowest three bits) for each child that is a node:
+        // a child table look-up for a word that occurs once need not read the listed children
+        // first. Bits of children gone may stay.
+        std::uint8_t child_symbols = 0;
     };
+
+    static std::uint8_t SymbolBit(std::int32_t symbol) { return static_cast<std::uint8_t>(1U << (symbol & 7)); }
 
     static std::uint64_t ChildKey(std::int32_t parent, std::int32_t symbol) {
         return (static_cast<std::uint64_t>(static_cast<std::uint32_t>(parent)) << 32) |
