@@ -105,7 +105,12 @@ WordListView::Place WordListView::Locate(int position) {
 bool WordListView::SearchBefore(std::int32_t a, std::int32_t b) {
     // Most ties are told apart within a few symbols, where a step reads one node and a jump three.
     constexpr int kStepsBeforeJumps = 8;
-    for (int steps = 0;; ++steps) {
+    constexpr std::uint64_t kWalksRemembered = 1 << 20;
+    if (++walks_ > kWalksRemembered) {
+        walks_ /= 2;
+        walk_steps_ /= 2;
+    }
+    for (int steps = 0;; ++steps, ++walk_steps_) {
         if (trie_.Count(a) != trie_.Count(b)) return trie_.Count(a) > trie_.Count(b);
         if (trie_.Depth(a) <= 2) {
             const std::int32_t a_first = trie_.Depth(a) == 2 ? trie_.Symbol(trie_.Parent(a)) : 0;
@@ -414,8 +419,34 @@ WordListView::Placed WordListView::Select(int length, int offset) {
 }
 
 std::uint32_t WordListView::NthTiedInList(const std::vector<Keyed>& words, std::size_t k) {
-    PlaceNth(tied_, k, [&](std::uint32_t a, std::uint32_t b) { return ListBefore(words[a], words[b]); });
+    // A selection compares each word a few times over; its top, read once, settles most of those.
+    if (k == 0 || k + 1 == tied_.size() || !UseTops()) {
+        PlaceNth(tied_, k, [&](std::uint32_t a, std::uint32_t b) { return ListBefore(words[a], words[b]); });
+        return tied_[k];
+    }
+    tied_tops_.clear();
+    for (const std::uint32_t place : tied_)
+        tied_tops_.emplace_back(TopKey(words[place].node), place);
+    const auto nth = tied_tops_.begin() + static_cast<std::ptrdiff_t>(k);
+    std::nth_element(tied_tops_.begin(), nth, tied_tops_.end(), [&](const auto& a, const auto& b) {
+        const Keyed& x = words[a.second];
+        const Keyed& y = words[b.second];
+        return x.kept != y.kept ? x.kept > y.kept : SearchBefore(x, a.first, y, b.first);
+    });
+    tied_[k] = nth->second;
     return tied_[k];
+}
+
+std::uint64_t WordListView::TopKey(std::int32_t node) {
+    const std::int32_t top = trie_.StretchTop(node);
+    const int depth = trie_.Depth(top);
+    const std::uint32_t above = depth > 2 ? static_cast<std::uint32_t>(trie_.Count(trie_.Parent(top))) : 0;
+    return std::uint64_t{static_cast<std::uint32_t>(depth)} << 32 | above;
+}
+
+bool WordListView::SearchBefore(const Keyed& a, std::uint64_t top_a, const Keyed& b, std::uint64_t top_b) {
+    if (a.counts != b.counts) return a.counts > b.counts;
+    return top_a != top_b ? top_a > top_b : SearchBefore(a, b);
 }
 
 // Where dropping the overlaps changed no count the list order is the search order: the rank is
@@ -427,8 +458,15 @@ std::int32_t WordListView::SearchRank(int length, const Placed& placed) {
     KeyIndex& keys = keyed_[length].search_keys;
     const auto chosen = static_cast<std::size_t>(trie_.GroupIndex(placed.node));
     auto rank = static_cast<std::int32_t>(1 + keys.Tied(keys[chosen], tied_));
+    if (!UseTops()) {
+        for (const std::uint32_t index : tied_) {
+            if (index != chosen && SearchBefore(words[index], words[chosen])) ++rank;
+        }
+        return rank;
+    }
+    const std::uint64_t chosen_top = TopKey(words[chosen].node);
     for (const std::uint32_t index : tied_) {
-        if (index != chosen && SearchBefore(words[index], words[chosen])) ++rank;
+        if (index != chosen && SearchBefore(words[index], TopKey(words[index].node), words[chosen], chosen_top)) ++rank;
     }
     return rank;
 }

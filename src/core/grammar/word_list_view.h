@@ -161,6 +161,14 @@ class WordListView {
     Place Locate(int position);
     bool SearchBefore(std::int32_t a, std::int32_t b);
     bool SearchBefore(const Keyed& a, const Keyed& b);
+    // Past the copied counts, two words part where the first of their stretches of prefixes with
+    // the word's count ends: the word whose stretch ends nearer to it comes first, as its prefix
+    // there occurs more often; where both end at one length, the greater count of the prefixes
+    // just above decides. TopKey numbers that so, the deeper top and then that count greater; it
+    // ties the words whose stretches reach 2 symbols, which are ordered by symbols there.
+    std::uint64_t TopKey(std::int32_t node);
+    // SearchBefore, the top keys compared once the copied counts tie.
+    bool SearchBefore(const Keyed& a, std::uint64_t top_a, const Keyed& b, std::uint64_t top_b);
     bool ListBefore(const Keyed& a, const Keyed& b);
     GroupOrder& Order(int length);
     // The group's order with what its copy tells of the kept counts.
@@ -220,6 +228,17 @@ class WordListView {
     std::vector<KeyedCopy> keyed_;            // per length, once the group is asked about
     std::vector<std::uint32_t> tied_;         // room for Select and SearchRank: places of tied words
     std::vector<std::uint64_t> select_room_;  // room for Select to select among keys
+    // Whether the words tied in tied_ are compared by their tops, read once for a selection or a
+    // search rank, rather than by walks that reach them in every comparison: where many words tie
+    // and the walks have run long. Under Longest First on a genome a walk takes 1.3 steps on
+    // average and reading the tops costs more; under Maximum Gain, 9 steps and more.
+    bool UseTops() const { return tied_.size() >= kLeastTiedForTops && walk_steps_ > kStepsForTops * walks_; }
+    static constexpr std::size_t kLeastTiedForTops = 32;
+    static constexpr std::uint64_t kStepsForTops = 4;
+    // The walks of SearchBefore lately, and the steps they took.
+    std::uint64_t walks_ = 0;
+    std::uint64_t walk_steps_ = 0;
+    std::vector<std::pair<std::uint64_t, std::uint32_t>> tied_tops_;  // room for NthTiedInList: top keys and places
     // Where the passes change counts all over, as Maximum Gain's first passes do, every copy is read
     // afresh at the next pass anyway; the copies of all groups together then take more memory than
     // the trie's nodes. So from the build on, and after each pass that changed the counts of more than

@@ -89,6 +89,17 @@ std::vector<std::string> LongRepeatSequences(Method method) {
         const std::string longest = RandomLetters(random, 6000, 4);
         texts.push_back(longest + longest.substr(500, 5000));
     }
+    // Dozens of stretches present twice, whose words tie on their counts far up their prefixes,
+    // and a tandem repeat whose words, overlapping themselves, move within their groups: the walk
+    // lands inside groups of hundreds of such tied words and compares them by their tops.
+    std::string twice = RandomLetters(random, 3000, 4);
+    const std::string tandem = RandomLetters(random, 7, 4);
+    for (int k = 0; k < 10; ++k)
+        twice.insert(1500, tandem);
+    for (int k = 0; k < 30; ++k)
+        twice +=
+            twice.substr(static_cast<std::size_t>(random.Index(2800)), 40 + static_cast<std::size_t>(random.Index(40)));
+    texts.push_back(twice);
     return texts;
 }
 
