@@ -433,8 +433,7 @@ std::uint32_t WordListView::NthTiedInList(const std::vector<Keyed>& words, std::
         const Keyed& y = words[b.second];
         return x.kept != y.kept ? x.kept > y.kept : SearchBefore(x, a.first, y, b.first);
     });
-    tied_[k] = nth->second;
-    return tied_[k];
+    return nth->second;
 }
 
 std::uint64_t WordListView::TopKey(std::int32_t node) {

@@ -197,7 +197,7 @@ class WordListView {
     // Marks the copies of the word and of the longer words that copy its count to be read again.
     void MarkStale(std::int32_t node, int levels_below);
     Placed Select(int length, int offset);
-    // The place of the k-th of the places in tied_ in list order, moved to tied_[k].
+    // The place of the k-th of the places in tied_ in list order; tied_ may be reordered.
     std::uint32_t NthTiedInList(const std::vector<Keyed>& words, std::size_t k);
     // The entry at a place of a trie group, from the kept counts and the moved words alone;
     // nothing where the group has too many moved words or the keys do not tell the counts.
