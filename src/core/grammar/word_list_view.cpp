@@ -27,8 +27,8 @@ std::uint64_t PackCounts(const std::array<std::uint64_t, 4>& counts) {
 // Moves the k-th of the places in the order `before` to index k of `places`. A pick asks for the
 // first or the last of thousands of tied words most of the time: one pass that compares each with
 // the best so far, whose nodes stay in the cache, walks the trie a third as often as a selection.
-template <typename Before>
-void PlaceNth(std::vector<std::uint32_t>& places, std::size_t k, Before before) {
+template <typename Place, typename Before>
+void PlaceNth(std::vector<Place>& places, std::size_t k, Before before) {
     if (k == 0) {
         std::iter_swap(places.begin(), std::min_element(places.begin(), places.end(), before));
     } else if (k + 1 == places.size()) {
@@ -419,21 +419,20 @@ WordListView::Placed WordListView::Select(int length, int offset) {
 }
 
 std::uint32_t WordListView::NthTiedInList(const std::vector<Keyed>& words, std::size_t k) {
-    // A selection compares each word a few times over; its top, read once, settles most of those.
-    if (k == 0 || k + 1 == tied_.size() || !UseTops()) {
+    // Where walks run long, each word's top, read once, settles most of the comparisons.
+    if (!UseTops()) {
         PlaceNth(tied_, k, [&](std::uint32_t a, std::uint32_t b) { return ListBefore(words[a], words[b]); });
         return tied_[k];
     }
     tied_tops_.clear();
     for (const std::uint32_t place : tied_)
         tied_tops_.emplace_back(TopKey(words[place].node), place);
-    const auto nth = tied_tops_.begin() + static_cast<std::ptrdiff_t>(k);
-    std::nth_element(tied_tops_.begin(), nth, tied_tops_.end(), [&](const auto& a, const auto& b) {
+    PlaceNth(tied_tops_, k, [&](const auto& a, const auto& b) {
         const Keyed& x = words[a.second];
         const Keyed& y = words[b.second];
         return x.kept != y.kept ? x.kept > y.kept : SearchBefore(x, a.first, y, b.first);
     });
-    return nth->second;
+    return tied_tops_[k].second;
 }
 
 std::uint64_t WordListView::TopKey(std::int32_t node) {
