@@ -9,24 +9,22 @@ LinkedRules::LinkedRules(std::span<const Rule> rules) {
     for (const Rule& rule : rules)
         slots += rule.symbols.size();
     const std::size_t room = slots + slots / 8 + 1024;
-    symbols_.reserve(room);
-    next_.reserve(room);
-    prev_.reserve(room);
+    slots_.reserve(room);
     for (const Rule& rule : rules)
         AppendRule(rule.code, rule.symbols);
 }
 
 std::int32_t LinkedRules::Advance(std::int32_t slot, int steps) const {
     for (int k = 0; k < steps; ++k)
-        slot = next_[slot];
+        slot = slots_[slot].next;
     return slot;
 }
 
 void LinkedRules::Replace(std::int32_t slot, int length, std::int32_t code) {
-    const std::int32_t after = next_[Advance(slot, length - 1)];
-    symbols_[slot] = code;
-    next_[slot] = after;
-    if (after >= 0) prev_[after] = slot;
+    const std::int32_t after = slots_[Advance(slot, length - 1)].next;
+    slots_[slot].symbol = code;
+    slots_[slot].next = after;
+    if (after >= 0) slots_[after].prev = slot;
 }
 
 std::int32_t LinkedRules::AppendRule(std::int32_t code, std::span<const std::int32_t> symbols) {
@@ -35,9 +33,7 @@ std::int32_t LinkedRules::AppendRule(std::int32_t code, std::span<const std::int
     first_slots_.push_back(first);
     for (std::size_t k = 0; k < symbols.size(); ++k) {
         const std::int32_t slot = first + static_cast<std::int32_t>(k);
-        symbols_.push_back(symbols[k]);
-        next_.push_back(k + 1 < symbols.size() ? slot + 1 : -1);
-        prev_.push_back(k > 0 ? slot - 1 : -1);
+        slots_.push_back(Slot{symbols[k], k + 1 < symbols.size() ? slot + 1 : -1, k > 0 ? slot - 1 : -1});
     }
     return first;
 }
@@ -48,8 +44,8 @@ std::vector<Rule> LinkedRules::ToRules() const {
         rules[r].code = codes_[r];
         const std::int32_t end = r + 1 < first_slots_.size() ? first_slots_[r + 1] : SlotCount();
         if (first_slots_[r] == end) continue;  // an empty rule has no slot of its own
-        for (std::int32_t slot = first_slots_[r]; slot >= 0; slot = next_[slot])
-            rules[r].symbols.push_back(symbols_[slot]);
+        for (std::int32_t slot = first_slots_[r]; slot >= 0; slot = slots_[slot].next)
+            rules[r].symbols.push_back(slots_[slot].symbol);
     }
     return rules;
 }

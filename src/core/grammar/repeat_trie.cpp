@@ -16,25 +16,16 @@ RepeatTrie::RepeatTrie(std::span<const Rule> rules, int max_depth, Poll poll)
     children_.Reserve(static_cast<std::size_t>(slots) + static_cast<std::size_t>(slots) / 4 + 1024);
     nodes_.push_back(Node{});
     stretch_tops_.push_back(-1);
-    path_end_.reserve(text_.SlotCapacity());
-    has_leaf_.reserve(text_.SlotCapacity());
-    end_slot_.reserve(text_.SlotCapacity());
-    next_at_node_.reserve(text_.SlotCapacity());
-    prev_at_node_.reserve(text_.SlotCapacity());
-    FitSlotArrays();
+    slots_.reserve(text_.SlotCapacity());
+    FitSlotStates();
     scanned_ = 0;
     AttachBySuffixes();
     scanned_ = -1;
 }
 
 // New slots start unattached: no path, no leaf, listed at no node.
-void RepeatTrie::FitSlotArrays() {
-    const auto slots = static_cast<std::size_t>(text_.SlotCount());
-    path_end_.resize(slots, -1);
-    end_slot_.resize(slots, -1);
-    has_leaf_.resize(slots, 0);
-    next_at_node_.resize(slots, -1);
-    prev_at_node_.resize(slots, -1);
+void RepeatTrie::FitSlotStates() {
+    slots_.resize(static_cast<std::size_t>(text_.SlotCount()));
 }
 
 int RepeatTrie::GroupSize(int length) const {
@@ -56,21 +47,21 @@ const std::vector<std::int32_t>& RepeatTrie::TakeChangedNodes() {
 
 void RepeatTrie::AddSlot(std::int32_t node, std::int32_t slot) {
     const std::int32_t first = nodes_[node].first_slot;
-    next_at_node_[slot] = first;
-    prev_at_node_[slot] = -1;
-    if (first >= 0) prev_at_node_[first] = slot;
+    slots_[slot].next_at_node = first;
+    slots_[slot].prev_at_node = -1;
+    if (first >= 0) slots_[first].prev_at_node = slot;
     nodes_[node].first_slot = slot;
 }
 
 void RepeatTrie::RemoveSlot(std::int32_t node, std::int32_t slot) {
-    const std::int32_t next = next_at_node_[slot];
-    const std::int32_t prev = prev_at_node_[slot];
+    const std::int32_t next = slots_[slot].next_at_node;
+    const std::int32_t prev = slots_[slot].prev_at_node;
     if (prev >= 0) {
-        next_at_node_[prev] = next;
+        slots_[prev].next_at_node = next;
     } else {
         nodes_[node].first_slot = next;
     }
-    if (next >= 0) prev_at_node_[next] = prev;
+    if (next >= 0) slots_[next].prev_at_node = prev;
 }
 
 void RepeatTrie::AttachSlots(std::int32_t first, std::int32_t last) {
@@ -140,16 +131,16 @@ void RepeatTrie::AttachRun() {
     for (std::int32_t p = 0; p < length; ++p) {
         const std::int32_t slot = run_[p];
         const std::int32_t reach = p == 0 && leaf ? length - 1 : std::min<std::int32_t>(length - p, max_depth_);
-        path_end_[slot] = run_path_[reach];
-        end_slot_[slot] = run_[p + reach - 1];
+        slots_[slot].path_end = run_path_[reach];
+        slots_[slot].end_slot = run_[p + reach - 1];
         AddSlot(run_path_[reach], slot);
         Extend(slot);
     }
 }
 
 void RepeatTrie::Attach(std::int32_t slot) {
-    path_end_[slot] = kRoot;
-    end_slot_[slot] = -1;
+    slots_[slot].path_end = kRoot;
+    slots_[slot].end_slot = -1;
     AddSlot(kRoot, slot);
 }
 
@@ -254,10 +245,10 @@ void RepeatTrie::Extend(std::int32_t slot) {
     while (!pending_.empty()) {
         const std::int32_t start = pending_.back();
         pending_.pop_back();
-        const std::int32_t from = path_end_[start];
+        const std::int32_t from = slots_[start].path_end;
         std::int32_t at = from;
         int depth = nodes_[at].depth;
-        std::int32_t end = end_slot_[start];
+        std::int32_t end = slots_[start].end_slot;
         while (depth < max_depth_) {
             const std::int32_t next = depth == 0 ? start : text_.Next(end);
             if (next < 0) break;
@@ -291,8 +282,8 @@ void RepeatTrie::Extend(std::int32_t slot) {
         if (at != from) {
             RemoveSlot(from, start);
             AddSlot(at, start);
-            path_end_[start] = at;
-            end_slot_[start] = end;
+            slots_[start].path_end = at;
+            slots_[start].end_slot = end;
         }
     }
 }
@@ -305,7 +296,7 @@ std::int32_t RepeatTrie::WalkTogether(std::int32_t at, std::int32_t next, std::i
                                       std::int32_t& end) {
     DropLeaf(other);
     RemoveSlot(at, other);
-    std::int32_t other_next = at == kRoot ? other : text_.Next(end_slot_[other]);
+    std::int32_t other_next = at == kRoot ? other : text_.Next(slots_[other].end_slot);
     std::int32_t other_end = other_next;
     for (;;) {
         Step();
@@ -328,8 +319,8 @@ std::int32_t RepeatTrie::WalkTogether(std::int32_t at, std::int32_t next, std::i
         break;
     }
     AddSlot(at, other);
-    path_end_[other] = at;
-    end_slot_[other] = other_end;
+    slots_[other].path_end = at;
+    slots_[other].end_slot = other_end;
     return at;
 }
 
@@ -337,13 +328,13 @@ std::int32_t RepeatTrie::WalkTogether(std::int32_t at, std::int32_t next, std::i
 // becomes a node that counts the one occurrence, and `other` walks on from there.
 std::int32_t RepeatTrie::NodeFromLeaf(std::int32_t at, std::int32_t symbol, std::int32_t other, std::int32_t start) {
     children_.Erase(ChildKey(at, symbol));
-    has_leaf_[other] = 0;
+    slots_[other].has_leaf = false;
     const std::int32_t child = NewNode(at, symbol);
     nodes_[child].border = BorderOfNew(child, start);
     RemoveSlot(at, other);
     AddSlot(child, other);
-    path_end_[other] = child;
-    end_slot_[other] = at == kRoot ? other : text_.Next(end_slot_[other]);
+    slots_[other].path_end = child;
+    slots_[other].end_slot = at == kRoot ? other : text_.Next(slots_[other].end_slot);
     nodes_[child].count = 1;
     nodes_[child].first_occurrence = other;
     pending_.push_back(other);
@@ -365,20 +356,20 @@ std::int32_t RepeatTrie::FindChild(std::int32_t node, std::int32_t symbol) const
 
 void RepeatTrie::InsertLeaf(std::int32_t node, std::int32_t symbol, std::int32_t slot) {
     children_.Insert(ChildKey(node, symbol), kLeaf | slot);
-    has_leaf_[slot] = 1;
+    slots_[slot].has_leaf = true;
 }
 
 // The word one symbol longer than where the slot's path ends, when it occurs there only.
 std::uint64_t RepeatTrie::LeafKey(std::int32_t slot) const {
-    if (has_leaf_[slot] == 0) return kNoLeaf;
-    const std::int32_t at = path_end_[slot];
-    const std::int32_t next = nodes_[at].depth == 0 ? slot : text_.Next(end_slot_[slot]);
+    if (!slots_[slot].has_leaf) return kNoLeaf;
+    const std::int32_t at = slots_[slot].path_end;
+    const std::int32_t next = nodes_[at].depth == 0 ? slot : text_.Next(slots_[slot].end_slot);
     return ChildKey(at, text_.Symbol(next));
 }
 
 bool RepeatTrie::ReachesPast(std::int32_t slot, int length) const {
     // Only a path that ends at that length needs its leaf looked up.
-    const int depth = nodes_[path_end_[slot]].depth;
+    const int depth = nodes_[slots_[slot].path_end].depth;
     return depth != length ? depth > length : LeafKey(slot) != kNoLeaf;
 }
 
@@ -386,13 +377,13 @@ void RepeatTrie::DropLeaf(std::int32_t slot) {
     const std::uint64_t key = LeafKey(slot);
     if (key == kNoLeaf) return;
     children_.Erase(key);
-    has_leaf_[slot] = 0;
+    slots_[slot].has_leaf = false;
 }
 
 // Takes the slot off every word longer than `depth` symbols that starts there. A word left with
 // one occurrence becomes a leaf of that occurrence's path again.
 void RepeatTrie::Cut(std::int32_t slot, int depth, std::int32_t end) {
-    std::int32_t at = path_end_[slot];
+    std::int32_t at = slots_[slot].path_end;
     if (nodes_[at].depth < depth) return;
     DropLeaf(slot);
     if (nodes_[at].depth == depth) return;
@@ -420,8 +411,8 @@ void RepeatTrie::Cut(std::int32_t slot, int depth, std::int32_t end) {
         at = parent;
     }
     AddSlot(at, slot);
-    path_end_[slot] = at;
-    end_slot_[slot] = end;
+    slots_[slot].path_end = at;
+    slots_[slot].end_slot = end;
     if (single >= 0) Collapse(single);
 }
 
@@ -473,13 +464,13 @@ void RepeatTrie::SettleChainCuts() {
 // alone and go, and the occurrence's path ends in a leaf in the word's place.
 void RepeatTrie::Collapse(std::int32_t index) {
     const std::int32_t slot = SomeOccurrence(index);
-    std::int32_t at = path_end_[slot];
+    std::int32_t at = slots_[slot].path_end;
     DropLeaf(slot);
     RemoveSlot(at, slot);
     const std::int32_t parent = nodes_[index].parent;
     std::int32_t end = -1;
     if (parent != kRoot) {
-        end = end_slot_[slot];
+        end = slots_[slot].end_slot;
         for (int steps = nodes_[at].depth - nodes_[parent].depth; steps > 0; --steps)
             end = text_.Prev(end);
     }
@@ -491,8 +482,8 @@ void RepeatTrie::Collapse(std::int32_t index) {
         at = above;
     }
     AddSlot(parent, slot);
-    path_end_[slot] = parent;
-    end_slot_[slot] = end;
+    slots_[slot].path_end = parent;
+    slots_[slot].end_slot = end;
     InsertLeaf(parent, symbol, slot);
 }
 
@@ -530,14 +521,14 @@ void RepeatTrie::Replace(const std::vector<std::int32_t>& starts, int length, st
     for (const std::int32_t slot : removed) {
         Cut(slot, 0, -1);
         RemoveSlot(kRoot, slot);
-        path_end_[slot] = -1;
+        slots_[slot].path_end = -1;
     }
     SettleChainCuts();
     if (stopped_) return;
     for (const std::int32_t start : starts)
         text_.Replace(start, length, code);
     const std::int32_t first_new = text_.AppendRule(code, symbols);
-    FitSlotArrays();
+    FitSlotStates();
 
     for (const std::int32_t start : starts) {
         if (stopped_) return;
@@ -547,7 +538,7 @@ void RepeatTrie::Replace(const std::vector<std::int32_t>& starts, int length, st
     AttachSlots(first_new, text_.SlotCount());
     for (std::size_t j = 0; j < cuts.size(); ++j) {
         PrefetchPathEnd(j + kPrefetchAhead < cuts.size() ? cuts[j + kPrefetchAhead].slot : -1);
-        if (path_end_[cuts[j].slot] >= 0) Extend(cuts[j].slot);
+        if (slots_[cuts[j].slot].path_end >= 0) Extend(cuts[j].slot);
     }
 }
 
@@ -558,7 +549,7 @@ void RepeatTrie::Occurrences(std::int32_t index, std::vector<std::int32_t>& slot
     while (!to_visit.empty()) {
         const std::int32_t at = to_visit.back();
         to_visit.pop_back();
-        for (std::int32_t slot = nodes_[at].first_slot; slot >= 0; slot = next_at_node_[slot])
+        for (std::int32_t slot = nodes_[at].first_slot; slot >= 0; slot = slots_[slot].next_at_node)
             slots.push_back(slot);
         for (std::int32_t child = nodes_[at].first_child; child >= 0; child = nodes_[child].next_sibling)
             to_visit.push_back(child);
@@ -741,7 +732,7 @@ std::int32_t RepeatTrie::KeptFromPeriods(std::int32_t index) const {
             if (found < 0) return kept;
             if ((found & kLeaf) != 0) {
                 // One occurrence goes on from here: each further period it runs to is one more term.
-                std::int32_t next = text_.Next(end_slot_[found & ~kLeaf]);
+                std::int32_t next = text_.Next(slots_[found & ~kLeaf].end_slot);
                 for (int from = step;; from = 0, sign = -sign) {
                     for (int more = from; more < period; ++more, next = text_.Next(next)) {
                         if (next < 0) return kept;

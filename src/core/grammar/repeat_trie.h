@@ -120,6 +120,21 @@ class RepeatTrie {
         std::uint8_t child_symbols = 0;
     };
 
+    // What the trie knows of one slot, in one place: a cut or a walk reads it all at once.
+    struct SlotState {
+        std::int32_t path_end = -1;  // the node where its path ends, -1 for a removed slot
+        // The last slot of the word where its path ends, so that a path is walked on from its end
+        // without stepping through a long word again.
+        std::int32_t end_slot = -1;
+        // The other slots whose paths end at the same node.
+        std::int32_t next_at_node = -1;
+        std::int32_t prev_at_node : 31 = -1;
+        // Whether its path ends in a leaf, whose key then follows from the path's end, so that
+        // neither finding nor dropping it looks in the child table first.
+        bool has_leaf : 1 = false;
+    };
+    static_assert(sizeof(SlotState) == 16);
+
     static std::uint8_t SymbolBit(std::int32_t symbol) { return static_cast<std::uint8_t>(1U << (symbol & 7)); }
 
     static std::uint64_t ChildKey(std::int32_t parent, std::int32_t symbol) {
@@ -134,10 +149,10 @@ class RepeatTrie {
     // Asks the memory for the node where the slot's path ends, some cuts or walks before it is
     // needed: the paths a replacement touches are listed first, and each node is a trip to memory.
     void PrefetchPathEnd(std::int32_t slot) const {
-        if (slot >= 0 && path_end_[slot] >= 0) __builtin_prefetch(&nodes_[path_end_[slot]]);
+        if (slot >= 0 && slots_[slot].path_end >= 0) __builtin_prefetch(&nodes_[slots_[slot].path_end]);
     }
-    // Sizes the per-slot arrays to the slots of the text.
-    void FitSlotArrays();
+    // Sizes the slot states to the slots of the text.
+    void FitSlotStates();
     // The child-table entry of the word `node` continued by `symbol`: a node, kLeaf | slot, or -1.
     std::int32_t FindChild(std::int32_t node, std::int32_t symbol) const;
     // Files the leaf of `slot`, whose word is that of `node` continued by `symbol`.
@@ -203,18 +218,10 @@ class RepeatTrie {
     // The last node to go, and from it each to the one that went before, through next_sibling:
     // the long repeats of a genome free millions of nodes in its first passes.
     std::int32_t free_node_ = -1;
-    RemappedArray<std::int32_t> stretch_tops_;  // per node: its StretchTop as last found, or -1
-    std::vector<std::int32_t> stretch_walk_;    // room for StretchTop
-    OpenHashMap children_;                      // (parent, symbol) -> child of a node with many, or kLeaf | slot
-    std::vector<std::int32_t> path_end_;        // per slot: the node where its path ends, -1 for a removed slot
-    // Per slot: the last slot of the word where its path ends, so that a path is walked on from
-    // its end without stepping through a long word again.
-    std::vector<std::int32_t> end_slot_;
-    // Per slot: whether its path ends in a leaf, whose key then follows from the path's end, so
-    // that neither finding nor dropping it looks in the child table first.
-    std::vector<std::uint8_t> has_leaf_;
-    std::vector<std::int32_t> next_at_node_;
-    std::vector<std::int32_t> prev_at_node_;
+    RemappedArray<std::int32_t> stretch_tops_;       // per node: its StretchTop as last found, or -1
+    std::vector<std::int32_t> stretch_walk_;         // room for StretchTop
+    OpenHashMap children_;                           // (parent, symbol) -> child of a node with many, or kLeaf | slot
+    std::vector<SlotState> slots_;                   // per slot
     std::vector<std::vector<std::int32_t>> groups_;  // per length
     std::vector<std::int32_t> changed_nodes_;
     std::vector<std::int32_t> taken_changed_;  // as the last TakeChangedNodes answered

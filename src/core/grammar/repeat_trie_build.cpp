@@ -116,8 +116,8 @@ void RepeatTrie::AttachBySuffixes() {
         }
         const std::int32_t at = depth == 0 ? kRoot : open.back().node;
         AddSlot(at, slot);
-        path_end_[slot] = at;
-        end_slot_[slot] = depth == 0 ? -1 : slot + depth - 1;
+        slots_[slot].path_end = at;
+        slots_[slot].end_slot = depth == 0 ? -1 : slot + depth - 1;
         if (depth < max_depth_ && depth < rest) InsertLeaf(at, text_.Symbol(slot + depth), slot);
         if (depth > 0) open.back().min_slot = std::min(open.back().min_slot, slot);
         while (static_cast<std::int32_t>(open.size()) > common_after) {
