@@ -17,6 +17,8 @@ class OpenHashMap {
 
     // The value of `key`, or -1 when it is not in the map.
     std::int32_t Find(std::uint64_t key) const { return entries_[Slot(key)].value; }
+    // Asks the memory for where the key's search starts, some look-ups before it is made.
+    void Prefetch(std::uint64_t key) const { __builtin_prefetch(&entries_[Home(key)]); }
     // Adds a key that is not in the map.
     void Insert(std::uint64_t key, std::int32_t value);
     // Room for `count` keys without growing, so that a table of millions is not built twice over.

@@ -363,7 +363,7 @@ void RepeatTrie::InsertLeaf(std::int32_t node, std::int32_t symbol, std::int32_t
 std::uint64_t RepeatTrie::LeafKey(std::int32_t slot) const {
     if (!slots_[slot].has_leaf) return kNoLeaf;
     const std::int32_t at = slots_[slot].path_end;
-    const std::int32_t next = nodes_[at].depth == 0 ? slot : text_.Next(slots_[slot].end_slot);
+    const std::int32_t next = at == kRoot ? slot : text_.Next(slots_[slot].end_slot);
     return ChildKey(at, text_.Symbol(next));
 }
 
@@ -495,11 +495,6 @@ void RepeatTrie::Replace(const std::vector<std::int32_t>& starts, int length, st
     for (std::int32_t slot = starts.front(); static_cast<int>(symbols.size()) < length; slot = text_.Next(slot))
         symbols.push_back(text_.Symbol(slot));
 
-    struct CutBack {
-        std::int32_t slot;
-        int depth;
-        std::int32_t end;  // the slot before the occurrence: where the cut path ends
-    };
     std::vector<CutBack> cuts;
     std::vector<std::int32_t> removed;
     for (const std::int32_t start : starts) {
@@ -515,7 +510,7 @@ void RepeatTrie::Replace(const std::vector<std::int32_t>& starts, int length, st
             removed.push_back(slot);
     }
     for (std::size_t j = 0; j < cuts.size(); ++j) {
-        PrefetchPathEnd(j + kPrefetchAhead < cuts.size() ? cuts[j + kPrefetchAhead].slot : -1);
+        PrefetchAhead(cuts, j, true);
         Cut(cuts[j].slot, cuts[j].depth, cuts[j].end);
     }
     for (const std::int32_t slot : removed) {
@@ -537,7 +532,7 @@ void RepeatTrie::Replace(const std::vector<std::int32_t>& starts, int length, st
     }
     AttachSlots(first_new, text_.SlotCount());
     for (std::size_t j = 0; j < cuts.size(); ++j) {
-        PrefetchPathEnd(j + kPrefetchAhead < cuts.size() ? cuts[j + kPrefetchAhead].slot : -1);
+        PrefetchAhead(cuts, j, false);
         if (slots_[cuts[j].slot].path_end >= 0) Extend(cuts[j].slot);
     }
 }

@@ -142,14 +142,39 @@ class RepeatTrie {
                static_cast<std::uint32_t>(symbol);
     }
 
+    // A path that reaches into an occurrence being replaced, to be cut back to the slot before it.
+    struct CutBack {
+        std::int32_t slot;
+        int depth;
+        std::int32_t end;  // the slot before the occurrence: where the cut path ends
+    };
+
     // Counts one step of work and polls once every kStepsPerPoll steps.
     void Step() {
         if (++steps_ % kStepsPerPoll == 0 && poll_ && !stopped_) stopped_ = poll_(scanned_);
     }
-    // Asks the memory for the node where the slot's path ends, some cuts or walks before it is
-    // needed: the paths a replacement touches are listed first, and each node is a trip to memory.
+    // Ask the memory, some cuts or walks before they are needed, for what cutting or walking on a
+    // slot's path reads: the paths a replacement touches are listed first, and each slot, node
+    // and child-table entry is a trip to memory. Each stage reads only what an earlier one asked for.
+    // First the slot's state;
+    void PrefetchSlot(std::int32_t slot) const { __builtin_prefetch(&slots_[slot]); }
+    // then the node where its path ends and the text where its word ends;
     void PrefetchPathEnd(std::int32_t slot) const {
-        if (slot >= 0 && slots_[slot].path_end >= 0) __builtin_prefetch(&nodes_[slots_[slot].path_end]);
+        const SlotState& state = slots_[slot];
+        if (state.path_end < 0) return;
+        __builtin_prefetch(&nodes_[state.path_end]);
+        if (state.end_slot >= 0) text_.Prefetch(state.end_slot);
+    }
+    // then the child-table entry of its leaf.
+    void PrefetchLeaf(std::int32_t slot) const {
+        const std::uint64_t key = LeafKey(slot);
+        if (key != kNoLeaf) children_.Prefetch(key);
+    }
+    // The stages for the cuts ahead of the one at `j`; the leaves only while they are still there.
+    void PrefetchAhead(const std::vector<CutBack>& cuts, std::size_t j, bool leaves) const {
+        if (j + 3 * kPrefetchStage < cuts.size()) PrefetchSlot(cuts[j + 3 * kPrefetchStage].slot);
+        if (j + 2 * kPrefetchStage < cuts.size()) PrefetchPathEnd(cuts[j + 2 * kPrefetchStage].slot);
+        if (leaves && j + kPrefetchStage < cuts.size()) PrefetchLeaf(cuts[j + kPrefetchStage].slot);
     }
     // Sizes the slot states to the slots of the text.
     void FitSlotStates();
@@ -206,7 +231,7 @@ class RepeatTrie {
     void Occurrences(std::int32_t node, std::vector<std::int32_t>& slots) const;
 
     static constexpr std::uint64_t kStepsPerPoll = 1 << 16;
-    static constexpr std::size_t kPrefetchAhead = 8;
+    static constexpr std::size_t kPrefetchStage = 6;
 
     LinkedRules text_;
     int max_depth_;
