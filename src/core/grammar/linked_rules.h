@@ -18,8 +18,6 @@ class LinkedRules {
     explicit LinkedRules(std::span<const Rule> rules);
 
     std::int32_t SlotCount() const { return static_cast<std::int32_t>(slots_.size()); }
-    // The slots there is room for before the arrays grow.
-    std::size_t SlotCapacity() const { return slots_.capacity(); }
     std::int32_t Symbol(std::int32_t slot) const { return slots_[slot].symbol; }
     // The neighbouring slots in the same rule, -1 past either end.
     std::int32_t Next(std::int32_t slot) const { return slots_[slot].next; }

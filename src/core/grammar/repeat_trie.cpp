@@ -16,7 +16,6 @@ RepeatTrie::RepeatTrie(std::span<const Rule> rules, int max_depth, Poll poll)
     children_.Reserve(static_cast<std::size_t>(slots) + static_cast<std::size_t>(slots) / 4 + 1024);
     nodes_.push_back(Node{});
     stretch_tops_.push_back(-1);
-    slots_.reserve(text_.SlotCapacity());
     FitSlotStates();
     scanned_ = 0;
     AttachBySuffixes();
@@ -25,7 +24,8 @@ RepeatTrie::RepeatTrie(std::span<const Rule> rules, int max_depth, Poll poll)
 
 // New slots start unattached: no path, no leaf, listed at no node.
 void RepeatTrie::FitSlotStates() {
-    slots_.resize(static_cast<std::size_t>(text_.SlotCount()));
+    while (slots_.size() < static_cast<std::size_t>(text_.SlotCount()))
+        slots_.push_back(SlotState{});
 }
 
 int RepeatTrie::GroupSize(int length) const {

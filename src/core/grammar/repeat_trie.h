@@ -246,7 +246,7 @@ class RepeatTrie {
     RemappedArray<std::int32_t> stretch_tops_;       // per node: its StretchTop as last found, or -1
     std::vector<std::int32_t> stretch_walk_;         // room for StretchTop
     OpenHashMap children_;                           // (parent, symbol) -> child of a node with many, or kLeaf | slot
-    std::vector<SlotState> slots_;                   // per slot
+    RemappedArray<SlotState> slots_;                 // per slot
     std::vector<std::vector<std::int32_t>> groups_;  // per length
     std::vector<std::int32_t> changed_nodes_;
     std::vector<std::int32_t> taken_changed_;  // as the last TakeChangedNodes answered
