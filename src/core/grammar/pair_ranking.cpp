@@ -4,12 +4,8 @@
 
 namespace tessarin {
 
-// A node that held a pair and now holds a longer word must leave the ranking too.
-void PairRanking::Note(const RepeatTrie& trie, std::span<const std::int32_t> changed) {
-    for (const std::int32_t node : changed) {
-        const bool ranked = static_cast<std::size_t>(node) < ranked_.size() && ranked_[node];
-        if (ranked || trie.Depth(node) == 2) noted_.push_back(node);
-    }
+void PairRanking::Note(std::span<const std::int32_t> changed) {
+    noted_.insert(noted_.end(), changed.begin(), changed.end());
 }
 
 void PairRanking::Update(RepeatTrie& trie) {
@@ -20,7 +16,8 @@ void PairRanking::Update(RepeatTrie& trie) {
             by_search_.Erase(handles.search);
             by_list_.Erase(handles.list);
         }
-        // The node may have gone, or been taken for a longer word, since its count changed.
+        // The node may have gone, or been taken for a longer word, since its count changed: a
+        // ranked pair's count changes before either happens, so it is noted and leaves here.
         const std::int32_t parent = trie.Parent(node);
         ranked_[node] = parent >= 0 && trie.Depth(node) == 2 && trie.Count(node) >= 2;
         if (!ranked_[node]) {

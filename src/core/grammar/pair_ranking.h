@@ -19,8 +19,8 @@ namespace tessarin {
 // in Re-Pair's priority queue.
 class PairRanking {
   public:
-    // Notes the pairs among nodes whose counts have changed, for the next update.
-    void Note(const RepeatTrie& trie, std::span<const std::int32_t> changed);
+    // Notes nodes whose counts have changed while they held pairs, for the next update.
+    void Note(std::span<const std::int32_t> changed);
     // Takes in the pairs noted since the last update.
     void Update(RepeatTrie& trie);
 

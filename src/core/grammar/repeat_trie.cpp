@@ -40,6 +40,7 @@ const std::vector<std::int32_t>& RepeatTrie::TakeChangedNodes() {
         nodes_[node].taken_as_changed = true;
     }
     taken_changed_ = std::exchange(changed_nodes_, {});
+    taken_changed_pairs_ = std::exchange(changed_pairs_, {});
     return taken_changed_;
 }
 
@@ -235,6 +236,7 @@ void RepeatTrie::CountChanged(std::int32_t index) {
     if (!node.changed) {
         node.changed = true;
         changed_nodes_.push_back(index);
+        if (node.depth == 2) changed_pairs_.push_back(index);
     }
 }
 

@@ -69,6 +69,8 @@ class RepeatTrie {
     // The nodes whose count changed since the last call (not counting the build), each once; they
     // may have gone, or been taken for other words, since. Valid until the next call.
     const std::vector<std::int32_t>& TakeChangedNodes();
+    // The nodes among those that held words of 2 symbols when their count changed.
+    const std::vector<std::int32_t>& ChangedPairs() const { return taken_changed_pairs_; }
     // The nodes moved to another place of their group, as a word left it, since the last call;
     // they may have gone, or left their groups, since.
     std::vector<std::int32_t> TakeMovedNodes() { return std::exchange(moved_nodes_, {}); }
@@ -250,10 +252,14 @@ class RepeatTrie {
     std::vector<std::vector<std::int32_t>> groups_;  // per length
     std::vector<std::int32_t> changed_nodes_;
     std::vector<std::int32_t> taken_changed_;  // as the last TakeChangedNodes answered
-    std::vector<std::int32_t> moved_nodes_;    // as the next TakeMovedNodes answers
-    std::vector<std::int32_t> pending_;        // slots waiting to be extended
-    std::vector<std::int32_t> run_;            // room for AttachSlots: the slots of one run
-    std::vector<std::int32_t> run_path_;       // room for AttachRun: the nodes of a, aa, aaa, ...
+    // The same for the words of 2 symbols, listed apart as their counts change: the ranking of
+    // pairs need not read every changed node for its length.
+    std::vector<std::int32_t> changed_pairs_;
+    std::vector<std::int32_t> taken_changed_pairs_;
+    std::vector<std::int32_t> moved_nodes_;  // as the next TakeMovedNodes answers
+    std::vector<std::int32_t> pending_;      // slots waiting to be extended
+    std::vector<std::int32_t> run_;          // room for AttachSlots: the slots of one run
+    std::vector<std::int32_t> run_path_;     // room for AttachRun: the nodes of a, aa, aaa, ...
     // Per symbol a: the nodes of a, aa, aaa, ... by length, -1 where there is none. A slot in a
     // run of m symbols lies on m of them, so walking them slot by slot costs m * m / 2 steps; runs
     // are attached as one and cut by jumps instead.

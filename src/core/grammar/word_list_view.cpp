@@ -43,7 +43,7 @@ void PlaceNth(std::vector<Place>& places, std::size_t k, Before before) {
 WordListView::WordListView(std::span<const Rule> rules, int max_depth, RepeatTrie::Poll poll)
     : trie_(rules, max_depth, std::move(poll)) {
     // The build lists no changes: the pairs are all new to the ranking.
-    if (trie_.GroupSize(2) > 0) pairs_.Note(trie_, trie_.Group(2));
+    if (trie_.GroupSize(2) > 0) pairs_.Note(trie_.Group(2));
 }
 
 int WordListView::TopTrieLength() const {
@@ -344,7 +344,7 @@ std::vector<WordListView::Keyed>& WordListView::KeptGroup(int length, Prefixes p
 void WordListView::NoteChanges() {
     const std::vector<std::int32_t>& changed = trie_.TakeChangedNodes();
     const std::vector<std::int32_t> moved = trie_.TakeMovedNodes();
-    pairs_.Note(trie_, changed);
+    pairs_.Note(trie_.ChangedPairs());
     // A replacement that changes counts all over, as the first passes of Maximum Gain do with
     // words that occur tens of thousands of times, would mark most copied words one by one: once
     // the changes outnumber a quarter of the copied words, the copies are cheaper read afresh.
