@@ -46,7 +46,9 @@ const std::vector<std::int32_t>& RepeatTrie::TakeChangedNodes() {
 
 // ---- Paths ----
 
-void RepeatTrie::AddSlot(std::int32_t node, std::int32_t slot) {
+void RepeatTrie::EndPath(std::int32_t slot, std::int32_t node, std::int32_t end) {
+    slots_[slot].path_end = node;
+    slots_[slot].end_slot = end;
     const std::int32_t first = nodes_[node].first_slot;
     slots_[slot].next_at_node = first;
     slots_[slot].prev_at_node = -1;
@@ -132,17 +134,13 @@ void RepeatTrie::AttachRun() {
     for (std::int32_t p = 0; p < length; ++p) {
         const std::int32_t slot = run_[p];
         const std::int32_t reach = p == 0 && leaf ? length - 1 : std::min<std::int32_t>(length - p, max_depth_);
-        slots_[slot].path_end = run_path_[reach];
-        slots_[slot].end_slot = run_[p + reach - 1];
-        AddSlot(run_path_[reach], slot);
+        EndPath(slot, run_path_[reach], run_[p + reach - 1]);
         Extend(slot);
     }
 }
 
 void RepeatTrie::Attach(std::int32_t slot) {
-    slots_[slot].path_end = kRoot;
-    slots_[slot].end_slot = -1;
-    AddSlot(kRoot, slot);
+    EndPath(slot, kRoot, -1);
 }
 
 std::int32_t RepeatTrie::NewNode(std::int32_t parent, std::int32_t symbol) {
@@ -283,9 +281,7 @@ void RepeatTrie::Extend(std::int32_t slot) {
         // The slot is listed at the end of its path once, where the walk stops.
         if (at != from) {
             RemoveSlot(from, start);
-            AddSlot(at, start);
-            slots_[start].path_end = at;
-            slots_[start].end_slot = end;
+            EndPath(start, at, end);
         }
     }
 }
@@ -320,9 +316,7 @@ std::int32_t RepeatTrie::WalkTogether(std::int32_t at, std::int32_t next, std::i
         }
         break;
     }
-    AddSlot(at, other);
-    slots_[other].path_end = at;
-    slots_[other].end_slot = other_end;
+    EndPath(other, at, other_end);
     return at;
 }
 
@@ -334,9 +328,7 @@ std::int32_t RepeatTrie::NodeFromLeaf(std::int32_t at, std::int32_t symbol, std:
     const std::int32_t child = NewNode(at, symbol);
     nodes_[child].border = BorderOfNew(child, start);
     RemoveSlot(at, other);
-    AddSlot(child, other);
-    slots_[other].path_end = child;
-    slots_[other].end_slot = at == kRoot ? other : text_.Next(slots_[other].end_slot);
+    EndPath(other, child, at == kRoot ? other : text_.Next(slots_[other].end_slot));
     nodes_[child].count = 1;
     nodes_[child].first_occurrence = other;
     pending_.push_back(other);
@@ -412,9 +404,7 @@ void RepeatTrie::Cut(std::int32_t slot, int depth, std::int32_t end) {
         }
         at = parent;
     }
-    AddSlot(at, slot);
-    slots_[slot].path_end = at;
-    slots_[slot].end_slot = end;
+    EndPath(slot, at, end);
     if (single >= 0) Collapse(single);
 }
 
@@ -483,9 +473,7 @@ void RepeatTrie::Collapse(std::int32_t index) {
         if (at == index) break;
         at = above;
     }
-    AddSlot(parent, slot);
-    slots_[slot].path_end = parent;
-    slots_[slot].end_slot = end;
+    EndPath(slot, parent, end);
     InsertLeaf(parent, symbol, slot);
 }
 

@@ -217,7 +217,8 @@ class RepeatTrie {
     void DeleteNode(std::int32_t node);
     void JoinGroup(std::int32_t node);
     void LeaveGroup(std::int32_t node);
-    void AddSlot(std::int32_t node, std::int32_t slot);
+    // Ends the slot's path at `node`, its word's last slot `end`, and lists it there.
+    void EndPath(std::int32_t slot, std::int32_t node, std::int32_t end);
     void RemoveSlot(std::int32_t node, std::int32_t slot);
     void CountChanged(std::int32_t node);
     bool SelfOverlaps(std::int32_t node);

@@ -115,9 +115,7 @@ void RepeatTrie::AttachBySuffixes() {
             open.push_back(Open{node, i, std::numeric_limits<std::int32_t>::max()});
         }
         const std::int32_t at = depth == 0 ? kRoot : open.back().node;
-        AddSlot(at, slot);
-        slots_[slot].path_end = at;
-        slots_[slot].end_slot = depth == 0 ? -1 : slot + depth - 1;
+        EndPath(slot, at, depth == 0 ? -1 : slot + depth - 1);
         if (depth < max_depth_ && depth < rest) InsertLeaf(at, text_.Symbol(slot + depth), slot);
         if (depth > 0) open.back().min_slot = std::min(open.back().min_slot, slot);
         while (static_cast<std::int32_t>(open.size()) > common_after) {
