@@ -69,7 +69,8 @@ class RepeatTrie {
     // The nodes whose count changed since the last call (not counting the build), each once; they
     // may have gone, or been taken for other words, since. Valid until the next call.
     const std::vector<std::int32_t>& TakeChangedNodes();
-    // The nodes among those that held words of 2 symbols when their count changed.
+    // Of the nodes the last TakeChangedNodes answered, those that held words of 2 symbols when
+    // their count changed.
     const std::vector<std::int32_t>& ChangedPairs() const { return taken_changed_pairs_; }
     // The nodes moved to another place of their group, as a word left it, since the last call;
     // they may have gone, or left their groups, since.
