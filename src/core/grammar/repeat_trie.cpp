@@ -479,7 +479,7 @@ void RepeatTrie::Collapse(std::int32_t index) {
 
 // The paths that reach into an occurrence are cut back while they still describe the old text,
 // then every changed path is walked down again through the new one.
-void RepeatTrie::Replace(const std::vector<std::int32_t>& starts, int length, std::int32_t code) {
+bool RepeatTrie::Replace(const std::vector<std::int32_t>& starts, int length, std::int32_t code) {
     run_counts_.clear();
     std::vector<std::int32_t> symbols;
     for (std::int32_t slot = starts.front(); static_cast<int>(symbols.size()) < length; slot = text_.Next(slot))
@@ -499,6 +499,14 @@ void RepeatTrie::Replace(const std::vector<std::int32_t>& starts, int length, st
         for (std::int32_t slot = start, k = 0; k < length; ++k, slot = text_.Next(slot))
             removed.push_back(slot);
     }
+    const std::int32_t slots = text_.SlotCount();
+    if (slots >= kLeastSlotsForRebuild &&
+        cuts.size() + removed.size() > static_cast<std::size_t>(slots / kSlotsPerCutForRebuild)) {
+        for (const std::int32_t start : starts)
+            text_.Replace(start, length, code);
+        text_.AppendRule(code, symbols);
+        return false;
+    }
     for (std::size_t j = 0; j < cuts.size(); ++j) {
         PrefetchAhead(cuts, j, true);
         Cut(cuts[j].slot, cuts[j].depth, cuts[j].end);
@@ -509,14 +517,14 @@ void RepeatTrie::Replace(const std::vector<std::int32_t>& starts, int length, st
         slots_[slot].path_end = -1;
     }
     SettleChainCuts();
-    if (stopped_) return;
+    if (stopped_) return true;
     for (const std::int32_t start : starts)
         text_.Replace(start, length, code);
     const std::int32_t first_new = text_.AppendRule(code, symbols);
     FitSlotStates();
 
     for (const std::int32_t start : starts) {
-        if (stopped_) return;
+        if (stopped_) return true;
         Attach(start);
         Extend(start);
     }
@@ -525,6 +533,7 @@ void RepeatTrie::Replace(const std::vector<std::int32_t>& starts, int length, st
         PrefetchAhead(cuts, j, false);
         if (slots_[cuts[j].slot].path_end >= 0) Extend(cuts[j].slot);
     }
+    return true;
 }
 
 // ---- Questions about one word ----

@@ -79,8 +79,10 @@ class RepeatTrie {
     bool TakenAsChanged(std::int32_t node) const { return nodes_[node].taken_as_changed; }
 
     // Replaces the occurrences starting at `starts` (in text order, not overlapping) of a word of
-    // `length` symbols by `code`, and appends the rule `code` -> word.
-    void Replace(const std::vector<std::int32_t>& starts, int length, std::int32_t code);
+    // `length` symbols by `code`, and appends the rule `code` -> word. Where the paths it would cut
+    // outnumber a share of the slots, building a trie afresh costs less: then only the text is
+    // changed and the answer is false, the trie no longer matching it, to be built again from text().
+    bool Replace(const std::vector<std::int32_t>& starts, int length, std::int32_t code);
 
   private:
     static constexpr std::int32_t kRoot = 0;
@@ -235,6 +237,12 @@ class RepeatTrie {
     void Occurrences(std::int32_t node, std::vector<std::int32_t>& slots) const;
 
     static constexpr std::uint64_t kStepsPerPoll = 1 << 16;
+    // A replacement that cuts more paths than a quarter of the slots leaves the trie to be built
+    // again: each cut path costs two to three microseconds on a genome, spread over the whole trie,
+    // where a build costs about half of one per slot, in order. A small trie is never built again,
+    // as that would save nothing.
+    static constexpr std::int32_t kSlotsPerCutForRebuild = 4;
+    static constexpr std::int32_t kLeastSlotsForRebuild = 1024;
     static constexpr std::size_t kPrefetchStage = 6;
 
     LinkedRules text_;

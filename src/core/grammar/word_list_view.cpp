@@ -41,25 +41,41 @@ void PlaceNth(std::vector<Place>& places, std::size_t k, Before before) {
 }  // namespace
 
 WordListView::WordListView(std::span<const Rule> rules, int max_depth, RepeatTrie::Poll poll)
-    : trie_(rules, max_depth, std::move(poll)) {
-    // The build lists no changes: the pairs are all new to the ranking.
-    if (trie_.GroupSize(2) > 0) pairs_.Note(trie_.Group(2));
+    : poll_(std::move(poll)), trie_(std::in_place, rules, max_depth, poll_) {
+    RankPairsOfBuild();
+}
+
+void WordListView::RankPairsOfBuild() {
+    pairs_ = PairRanking{};
+    if (trie_->GroupSize(2) > 0) pairs_.Note(trie_->Group(2));
+}
+
+void WordListView::Rebuild() {
+    const std::vector<Rule> rules = Rules();
+    const int depth = max_depth();
+    trie_.reset();
+    trie_.emplace(rules, depth, poll_);
+    keyed_.clear();
+    orders_.clear();
+    streaming_ = true;
+    streamed_length_ = 0;
+    RankPairsOfBuild();
 }
 
 int WordListView::TopTrieLength() const {
-    return std::min(view_length_, trie_.GroupCount());
+    return std::min(view_length_, trie_->GroupCount());
 }
 
 void WordListView::Search(int max_length) {
-    view_length_ = std::min(max_length, trie_.max_depth());
+    view_length_ = std::min(max_length, trie_->max_depth());
     extensions_.clear();
     cursor_ = GroupCursor{};
 }
 
 int WordListView::WordCount() const {
-    int count = trie_.GroupSize(1);
+    int count = trie_->GroupSize(1);
     for (int length = 2; length <= TopTrieLength(); ++length)
-        count += trie_.GroupSize(length);
+        count += trie_->GroupSize(length);
     for (const Extension& group : extensions_)
         count += static_cast<int>(group.words.size());
     return count;
@@ -68,14 +84,14 @@ int WordListView::WordCount() const {
 int WordListView::LastLength() const {
     if (!extensions_.empty()) return extensions_.back().length;
     for (int length = TopTrieLength(); length >= 1; --length) {
-        if (trie_.GroupSize(length) > 0) return length;
+        if (trie_->GroupSize(length) > 0) return length;
     }
     return 0;
 }
 
 int WordListView::GroupSizeAt(int group) const {
     const int top = TopTrieLength();
-    return group < top ? trie_.GroupSize(group + 1)
+    return group < top ? trie_->GroupSize(group + 1)
                        : static_cast<int>(extensions_[static_cast<std::size_t>(group - top)].words.size());
 }
 
@@ -111,31 +127,31 @@ bool WordListView::SearchBefore(std::int32_t a, std::int32_t b) {
         walk_steps_ /= 2;
     }
     for (int steps = 0;; ++steps, ++walk_steps_) {
-        if (trie_.Count(a) != trie_.Count(b)) return trie_.Count(a) > trie_.Count(b);
-        if (trie_.Depth(a) <= 2) {
-            const std::int32_t a_first = trie_.Depth(a) == 2 ? trie_.Symbol(trie_.Parent(a)) : 0;
-            const std::int32_t b_first = trie_.Depth(b) == 2 ? trie_.Symbol(trie_.Parent(b)) : 0;
-            return a_first != b_first ? a_first < b_first : trie_.Symbol(a) < trie_.Symbol(b);
+        if (trie_->Count(a) != trie_->Count(b)) return trie_->Count(a) > trie_->Count(b);
+        if (trie_->Depth(a) <= 2) {
+            const std::int32_t a_first = trie_->Depth(a) == 2 ? trie_->Symbol(trie_->Parent(a)) : 0;
+            const std::int32_t b_first = trie_->Depth(b) == 2 ? trie_->Symbol(trie_->Parent(b)) : 0;
+            return a_first != b_first ? a_first < b_first : trie_->Symbol(a) < trie_->Symbol(b);
         }
-        if (trie_.Parent(a) == trie_.Parent(b)) return trie_.FirstOccurrence(a) < trie_.FirstOccurrence(b);
+        if (trie_->Parent(a) == trie_->Parent(b)) return trie_->FirstOccurrence(a) < trie_->FirstOccurrence(b);
         // Two words never meet along prefixes that all occur c times, since a word two of whose
         // continuations occur c times each occurs 2c times or more; a walk that goes on for long
         // passes such stretches in one step, thousands of symbols in a long repeat. Where one
         // stretch ends first, that word's prefix there has the greater count.
         if (steps >= kStepsBeforeJumps) {
-            const std::int32_t top_a = trie_.StretchTop(a);
-            const std::int32_t top_b = trie_.StretchTop(b);
-            const int depth_a = trie_.Depth(top_a);
-            const int depth_b = trie_.Depth(top_b);
+            const std::int32_t top_a = trie_->StretchTop(a);
+            const std::int32_t top_b = trie_->StretchTop(b);
+            const int depth_a = trie_->Depth(top_a);
+            const int depth_b = trie_->Depth(top_b);
             if (depth_a != depth_b) return depth_a > depth_b;
-            if (depth_a < trie_.Depth(a)) {
+            if (depth_a < trie_->Depth(a)) {
                 a = top_a;
                 b = top_b;
                 continue;
             }
         }
-        a = trie_.Parent(a);
-        b = trie_.Parent(b);
+        a = trie_->Parent(a);
+        b = trie_->Parent(b);
     }
 }
 
@@ -192,14 +208,14 @@ bool WordListView::SearchBefore(const Keyed& a, const Keyed& b) {
     std::int32_t short_of_b = b.node;
     for (std::size_t level = 0; level < a.prefixes.size() && a.prefixes[level] >= 0; ++level) {
         if (a.prefixes[level] == b.prefixes[level])
-            return trie_.FirstOccurrence(short_of_a) < trie_.FirstOccurrence(short_of_b);
+            return trie_->FirstOccurrence(short_of_a) < trie_->FirstOccurrence(short_of_b);
         short_of_a = a.prefixes[level];
         short_of_b = b.prefixes[level];
     }
     if (a.beyond < 0) return SearchBefore(short_of_a, short_of_b);
     // The farthest prefixes copied tie on their counts and have more than 2 symbols: the walk's
     // first step is known.
-    if (a.beyond == b.beyond) return trie_.FirstOccurrence(short_of_a) < trie_.FirstOccurrence(short_of_b);
+    if (a.beyond == b.beyond) return trie_->FirstOccurrence(short_of_a) < trie_->FirstOccurrence(short_of_b);
     return SearchBefore(a.beyond, b.beyond);
 }
 
@@ -211,9 +227,9 @@ bool WordListView::ListBefore(const Keyed& a, const Keyed& b) {
 
 WordListView::Keyed WordListView::ReadKeyed(std::int32_t node, bool with_prefixes) {
     Keyed keyed;
-    keyed.kept = trie_.KnownKept(node);
+    keyed.kept = trie_->KnownKept(node);
     keyed.node = node;
-    keyed.counts[0] = std::uint64_t{static_cast<std::uint32_t>(trie_.Count(node))} << 32;
+    keyed.counts[0] = std::uint64_t{static_cast<std::uint32_t>(trie_->Count(node))} << 32;
     if (with_prefixes) ReadPrefixes(keyed);
     return keyed;
 }
@@ -223,15 +239,15 @@ WordListView::Keyed WordListView::ReadKeyed(std::int32_t node, bool with_prefixe
 void WordListView::ReadPrefixes(Keyed& word) {
     static_assert(Keyed::kLevels == 3, "the word's count and three prefixes' fill two 64-bit halves");
     std::array<std::uint32_t, Keyed::kLevels> counts{};
-    const int levels = std::clamp(trie_.Depth(word.node) - 2, 0, Keyed::kLevels);
+    const int levels = std::clamp(trie_->Depth(word.node) - 2, 0, Keyed::kLevels);
     std::int32_t prefix = word.node;
     for (int level = 0; level < levels; ++level) {
-        prefix = trie_.Parent(prefix);
-        counts[static_cast<std::size_t>(level)] = static_cast<std::uint32_t>(trie_.Count(prefix));
+        prefix = trie_->Parent(prefix);
+        counts[static_cast<std::size_t>(level)] = static_cast<std::uint32_t>(trie_->Count(prefix));
         word.prefixes[static_cast<std::size_t>(level)] = prefix;
     }
     word.counts = {word.counts[0] >> 32 << 32 | counts[0], std::uint64_t{counts[1]} << 32 | counts[2]};
-    if (levels == Keyed::kLevels && trie_.Depth(word.node) - levels > 2) word.beyond = trie_.Parent(prefix);
+    if (levels == Keyed::kLevels && trie_->Depth(word.node) - levels > 2) word.beyond = trie_->Parent(prefix);
 }
 
 std::vector<WordListView::Keyed>& WordListView::KeyedGroup(int length) {
@@ -241,7 +257,7 @@ std::vector<WordListView::Keyed>& WordListView::KeyedGroup(int length) {
     }
     if (keyed_.size() <= static_cast<std::size_t>(length)) keyed_.resize(static_cast<std::size_t>(length) + 1);
     KeyedCopy& copy = keyed_[length];
-    const std::vector<std::int32_t>& group = trie_.Group(length);
+    const std::vector<std::int32_t>& group = trie_->Group(length);
     const std::size_t old_size = copy.words.size();
     if (old_size == 0) copy.with_prefixes = !streaming_;
     auto read = [&](std::size_t index) {
@@ -273,7 +289,7 @@ std::vector<WordListView::Keyed>& WordListView::KeyedGroup(int length) {
     // Words that joined the group, or moved within it as others left, are read again with the stale ones.
     constexpr std::size_t kPrefetchAhead = 16;
     for (std::size_t index = old_size; index < group.size(); ++index) {
-        if (index + kPrefetchAhead < group.size()) trie_.Prefetch(group[index + kPrefetchAhead]);
+        if (index + kPrefetchAhead < group.size()) trie_->Prefetch(group[index + kPrefetchAhead]);
         read(index);
     }
     for (const std::int32_t place : copy.stale) {
@@ -293,7 +309,7 @@ void WordListView::KeyedCopy::Hold(std::int32_t count, std::int32_t places) {
 std::int32_t WordListView::KeptAt(KeyedCopy& copy, std::size_t index) {
     Keyed& word = copy.words[index];
     if (word.kept < 0) {
-        word.kept = trie_.Kept(word.node);
+        word.kept = trie_->Kept(word.node);
         copy.list_keys.Set(index, ListKey(word));
         FileMoved(copy, index);
     }
@@ -342,9 +358,9 @@ std::vector<WordListView::Keyed>& WordListView::KeptGroup(int length, Prefixes p
 }
 
 void WordListView::NoteChanges() {
-    const std::vector<std::int32_t>& changed = trie_.TakeChangedNodes();
-    const std::vector<std::int32_t> moved = trie_.TakeMovedNodes();
-    pairs_.Note(trie_.ChangedPairs());
+    const std::vector<std::int32_t>& changed = trie_->TakeChangedNodes();
+    const std::vector<std::int32_t> moved = trie_->TakeMovedNodes();
+    pairs_.Note(trie_->ChangedPairs());
     // A replacement that changes counts all over, as the first passes of Maximum Gain do with
     // words that occur tens of thousands of times, would mark most copied words one by one: once
     // the changes outnumber a quarter of the copied words, the copies are cheaper read afresh.
@@ -352,18 +368,19 @@ void WordListView::NoteChanges() {
     for (const KeyedCopy& copy : keyed_)
         copied += copy.words.size();
     std::size_t words = 0;
-    for (int length = 3; length <= trie_.GroupCount(); ++length)
-        words += static_cast<std::size_t>(trie_.GroupSize(length));
+    for (int length = 3; length <= trie_->GroupCount(); ++length)
+        words += static_cast<std::size_t>(trie_->GroupSize(length));
     streaming_ = 4 * changed.size() > words;
     if (4 * changed.size() > copied) {
         keyed_.clear();
         return;
     }
     for (const std::int32_t node : moved) {
-        if (trie_.Alive(node) && trie_.GroupIndex(node) >= 0) MarkPlaceStale(trie_.Depth(node), trie_.GroupIndex(node));
+        if (trie_->Alive(node) && trie_->GroupIndex(node) >= 0)
+            MarkPlaceStale(trie_->Depth(node), trie_->GroupIndex(node));
     }
     for (const std::int32_t node : changed) {
-        if (trie_.Alive(node)) MarkStale(node, 0);
+        if (trie_->Alive(node)) MarkStale(node, 0);
     }
 }
 
@@ -385,8 +402,8 @@ void WordListView::MarkPlaceStale(int length, std::int32_t index) {
 }
 
 void WordListView::MarkStale(std::int32_t node, int levels_below) {
-    const auto depth = static_cast<std::size_t>(trie_.Depth(node));
-    const std::int32_t index = trie_.GroupIndex(node);
+    const auto depth = static_cast<std::size_t>(trie_->Depth(node));
+    const std::int32_t index = trie_->GroupIndex(node);
     // A word that joined its group since the copy was read has a place the copy holds another
     // word at, or none yet: the place is read again either way.
     if (depth < keyed_.size() && index >= 0) {
@@ -402,8 +419,8 @@ void WordListView::MarkStale(std::int32_t node, int levels_below) {
         copied_below = copied_below || Copied(static_cast<int>(below));
     if (!copied_below) return;
     // A child that changed itself is marked with the levels below it on its own turn.
-    for (std::int32_t child = trie_.FirstChild(node); child >= 0; child = trie_.NextSibling(child)) {
-        if (!trie_.TakenAsChanged(child)) MarkStale(child, levels_below + 1);
+    for (std::int32_t child = trie_->FirstChild(node); child >= 0; child = trie_->NextSibling(child)) {
+        if (!trie_->TakenAsChanged(child)) MarkStale(child, levels_below + 1);
     }
 }
 
@@ -436,9 +453,9 @@ std::uint32_t WordListView::NthTiedInList(const std::vector<Keyed>& words, std::
 }
 
 std::uint64_t WordListView::TopKey(std::int32_t node) {
-    const std::int32_t top = trie_.StretchTop(node);
-    const int depth = trie_.Depth(top);
-    const std::uint32_t above = depth > 2 ? static_cast<std::uint32_t>(trie_.Count(trie_.Parent(top))) : 0;
+    const std::int32_t top = trie_->StretchTop(node);
+    const int depth = trie_->Depth(top);
+    const std::uint32_t above = depth > 2 ? static_cast<std::uint32_t>(trie_->Count(trie_->Parent(top))) : 0;
     return std::uint64_t{static_cast<std::uint32_t>(depth)} << 32 | above;
 }
 
@@ -454,7 +471,7 @@ std::int32_t WordListView::SearchRank(int length, const Placed& placed) {
     if (!CountedOrder(length).reordered) return placed.offset + 1;
     const std::vector<Keyed>& words = KeptGroup(length, Prefixes::kWanted);
     KeyIndex& keys = keyed_[length].search_keys;
-    const auto chosen = static_cast<std::size_t>(trie_.GroupIndex(placed.node));
+    const auto chosen = static_cast<std::size_t>(trie_->GroupIndex(placed.node));
     auto rank = static_cast<std::int32_t>(1 + keys.Tied(keys[chosen], tied_));
     if (!UseTops()) {
         for (const std::uint32_t index : tied_) {
@@ -487,12 +504,12 @@ std::uint64_t WordListView::SearchKey(const Keyed& word) {
 std::pair<std::int32_t, std::int32_t> WordListView::NodeAt(int length, int offset, Rank rank) {
     constexpr std::size_t kSelectionsBeforeSorting = 4;
     if (length == 2) {
-        pairs_.Update(trie_);
+        pairs_.Update(*trie_);
         return pairs_.At(offset);
     }
     // A word alone in its group is first in both orders; a long run or repeat makes thousands of
     // such groups, which need no order kept.
-    if (trie_.GroupSize(length) == 1) return {trie_.Group(length).front(), 1};
+    if (trie_->GroupSize(length) == 1) return {trie_->Group(length).front(), 1};
     GroupOrder& order = Order(length);
     if (order.list.empty()) {
         auto answer = [&](Placed& placed) {
@@ -519,19 +536,19 @@ WordListView::Entry WordListView::At(int position, Rank rank) {
         const std::int32_t index = group.list_order[static_cast<std::size_t>(place.offset)];
         return Entry{group.length, group.words[index].count, index + 1};
     }
-    if (place.length > 2 && trie_.GroupSize(place.length) > 1) {
+    if (place.length > 2 && trie_->GroupSize(place.length) > 1) {
         // In a group that dropping the overlaps left in search order, the first and last places
         // are the greatest and least counts, and no word need be picked out.
         const GroupOrder& order = CountedOrder(place.length);
-        const int last = trie_.GroupSize(place.length) - 1;
+        const int last = trie_->GroupSize(place.length) - 1;
         if (!order.reordered && place.offset == 0) return Entry{place.length, order.most_kept, 1};
         if (!order.reordered && place.offset == last) return Entry{place.length, order.fewest_kept, last + 1};
     }
-    if (place.length > 2 && trie_.GroupSize(place.length) > 1) {
+    if (place.length > 2 && trie_->GroupSize(place.length) > 1) {
         if (const std::optional<Entry> entry = EntryFromCounts(place.length, place.offset, rank)) return *entry;
     }
     const auto [node, search_rank] = NodeAt(place.length, place.offset, rank);
-    return Entry{place.length, trie_.Kept(node), search_rank};
+    return Entry{place.length, trie_->Kept(node), search_rank};
 }
 
 // The list orders a group by kept count and then as the search does, which orders by count first:
@@ -587,7 +604,7 @@ std::optional<WordListView::Entry> WordListView::EntryFromCounts(int length, int
     // more than one to place, this word is picked out and compared with each instead.
     const Keyed* here = nullptr;
     if (unplaced > 1)
-        here = &words[static_cast<std::size_t>(trie_.GroupIndex(NodeAt(length, offset, Rank::kUnneeded).first))];
+        here = &words[static_cast<std::size_t>(trie_->GroupIndex(NodeAt(length, offset, Rank::kUnneeded).first))];
     for (Moved& word : order.moved) {
         if (word.count != count) continue;
         search_rank += (here != nullptr ? SearchBefore(words[word.index], *here)
@@ -624,7 +641,7 @@ void WordListView::LastGroupOccurrences(int length, std::vector<std::vector<std:
         for (const auto& [node, rank] : order.list) {
             starts.emplace_back();
             ends.emplace_back();
-            trie_.KeptOccurrences(node, starts.back(), ends.back());
+            trie_->KeptOccurrences(node, starts.back(), ends.back());
         }
         return;
     }
@@ -646,7 +663,7 @@ bool WordListView::ExtendLastGroup() {
     // Each parent's occurrences split by the symbol after them; a symbol that follows twice or
     // more makes a word, in the order of its first occurrence. Symbols are stamped with the
     // parent that last saw them, so the tables are not cleared between parents.
-    const LinkedRules& text = trie_.text();
+    const LinkedRules& text = trie_->text();
     std::vector<std::int32_t> seen_by_parent;  // per symbol
     std::vector<std::int32_t> child_of_symbol;
     std::vector<std::int32_t> children;  // per child: its count, then its word or -1
@@ -720,10 +737,13 @@ std::int64_t WordListView::AddRule(int position, std::int32_t code) {
         starts.assign(group.starts.begin() + word.begin, group.starts.begin() + word.begin + word.count);
     } else {
         std::vector<std::int32_t> ends;
-        trie_.KeptOccurrences(NodeAt(place.length, place.offset, Rank::kUnneeded).first, starts, ends);
+        trie_->KeptOccurrences(NodeAt(place.length, place.offset, Rank::kUnneeded).first, starts, ends);
     }
-    trie_.Replace(starts, place.length, code);
-    NoteChanges();
+    if (trie_->Replace(starts, place.length, code)) {
+        NoteChanges();
+    } else {
+        Rebuild();
+    }
     extensions_.clear();
     cursor_ = GroupCursor{};
     ++generation_;

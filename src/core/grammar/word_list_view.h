@@ -33,10 +33,10 @@ class WordListView {
     // The words of up to `max_depth` symbols of the rules; `poll` as the trie's.
     WordListView(std::span<const Rule> rules, int max_depth, RepeatTrie::Poll poll = {});
 
-    int max_depth() const { return trie_.max_depth(); }
+    int max_depth() const { return trie_->max_depth(); }
     // The poll answered true during the build or a rule's replacements: the view must be dropped.
-    bool stopped() const { return trie_.stopped(); }
-    std::vector<Rule> Rules() const { return trie_.text().ToRules(); }
+    bool stopped() const { return trie_->stopped(); }
+    std::vector<Rule> Rules() const { return trie_->text().ToRules(); }
 
     // The list as a fresh search up to `max_length` (at most the depth) leaves it.
     void Search(int max_length);
@@ -218,7 +218,15 @@ class WordListView {
     void LastGroupOccurrences(int length, std::vector<std::vector<std::int32_t>>& starts,
                               std::vector<std::vector<std::int32_t>>& ends);
 
-    RepeatTrie trie_;
+    // A build lists no changes: its pairs are all new to the ranking.
+    void RankPairsOfBuild();
+    // Builds the trie afresh from its text, which a replacement changed alone, and forgets what was
+    // worked out from the old one.
+    void Rebuild();
+
+    RepeatTrie::Poll poll_;
+    // Held apart so that a rebuild lets the old trie go before it builds the new one.
+    std::optional<RepeatTrie> trie_;
     PairRanking pairs_;
     int view_length_ = 0;
     std::vector<Extension> extensions_;
