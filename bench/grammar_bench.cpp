@@ -1,8 +1,11 @@
 #include <benchmark/benchmark.h>
 
+#include <limits>
+#include <span>
 #include <string>
 
 #include "grammar/compress_grammar.h"
+#include "grammar/word_list_view.h"
 #include "sequence/alphabet.h"
 #include "sequence/sequence_file.h"
 #include "session/random_generator.h"
@@ -82,6 +85,20 @@ BENCHMARK(BM_CompressPeriodTwo)
     ->ArgsProduct({{2, 3}, {5000, 20000}})
     ->Iterations(1)
     ->Unit(benchmark::kMillisecond);
+
+// The trie of every repeated word, built from the sorted suffixes: Maximum Gain builds it again
+// for each of its first passes, whose pairs occur all over the text.
+void BM_BuildWordList(benchmark::State& state) {
+    const std::string text = RandomFourLetters(static_cast<int>(state.range(0)));
+    CodedSequence coded = Encode(BuildAlphabet(text), text);
+    coded.erase(coded.begin());
+    const Rule rule{0, coded};
+    for (auto _ : state) {
+        const WordListView list(std::span<const Rule>(&rule, 1), std::numeric_limits<int>::max());
+        benchmark::DoNotOptimize(list.max_depth());
+    }
+}
+BENCHMARK(BM_BuildWordList)->ArgName("length")->Arg(4000)->Arg(1 << 20)->Unit(benchmark::kMillisecond);
 
 void BM_CompressExample(benchmark::State& state, const std::string& name) {
     Compress(state, ReadTextFile(std::filesystem::path(TESSARIN_EXAMPLES) / name), static_cast<Method>(state.range(0)));

@@ -1,7 +1,9 @@
 #include <algorithm>
+#include <array>
 #include <limits>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "grammar/repeat_trie.h"
@@ -93,8 +95,31 @@ void RepeatTrie::AttachBySuffixes() {
     std::int32_t common_before = 0;
     // The symbols from each suffix to the end of its rule, found once for it and its neighbour.
     std::int32_t rest_next = places > 0 ? joined.RestOfRule(order[0]) : 0;
+    // The sweep meets the slots in sorted order, all over the slot states, the text and the child
+    // table: it asks the memory for a suffix's state and symbols some suffixes before it comes to
+    // them, and files each leaf as many suffixes after it has asked for the leaf's entry.
+    constexpr std::int32_t kAhead = 8;
+    const std::int32_t slot_count = text_.SlotCount();
+    std::array<std::pair<std::uint64_t, std::int32_t>, kAhead> leaves{};  // a ring of leaves to file
+    std::int32_t leaves_waiting = 0;
+    auto file_leaf = [&](std::int32_t node, std::int32_t symbol, std::int32_t slot) {
+        const std::uint64_t key = ChildKey(node, symbol);
+        children_.Prefetch(key);
+        slots_[slot].has_leaf = true;
+        auto& entry = leaves[static_cast<std::size_t>(leaves_waiting++ % kAhead)];
+        if (leaves_waiting > kAhead) children_.Insert(entry.first, kLeaf | entry.second);
+        entry = {key, slot};
+    };
     for (std::int32_t i = 0; i < places && !stopped_; ++i) {
         scanned_ = kSortShare + (1 - kSortShare) * i / places;
+        if (i + kAhead + 1 < places) {
+            const std::int32_t ahead = joined.SlotAt(order[i + kAhead]);
+            if (ahead < slot_count) {
+                PrefetchSlot(ahead);
+                const std::int32_t common_ahead = std::max(common[i + kAhead], common[i + kAhead + 1]);
+                text_.Prefetch(std::min(ahead + std::min(common_ahead, max_depth_), slot_count - 1));
+            }
+        }
         const std::int32_t place = order[i];
         const std::int32_t rest = rest_next;
         rest_next = i + 1 < places ? joined.RestOfRule(order[i + 1]) : 0;
@@ -116,7 +141,7 @@ void RepeatTrie::AttachBySuffixes() {
         }
         const std::int32_t at = depth == 0 ? kRoot : open.back().node;
         EndPath(slot, at, depth == 0 ? -1 : slot + depth - 1);
-        if (depth < max_depth_ && depth < rest) InsertLeaf(at, text_.Symbol(slot + depth), slot);
+        if (depth < max_depth_ && depth < rest) file_leaf(at, text_.Symbol(slot + depth), slot);
         if (depth > 0) open.back().min_slot = std::min(open.back().min_slot, slot);
         while (static_cast<std::int32_t>(open.size()) > common_after) {
             const Open closed = open.back();
@@ -126,6 +151,10 @@ void RepeatTrie::AttachBySuffixes() {
             if (!open.empty()) open.back().min_slot = std::min(open.back().min_slot, closed.min_slot);
         }
         common_before = common_after;
+    }
+    for (std::int32_t k = std::max(0, leaves_waiting - kAhead); k < leaves_waiting; ++k) {
+        const auto& [key, slot] = leaves[static_cast<std::size_t>(k % kAhead)];
+        children_.Insert(key, kLeaf | slot);
     }
 }
 
