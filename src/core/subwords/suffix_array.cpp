@@ -1,6 +1,7 @@
 #include "subwords/suffix_array.h"
 
 #include <algorithm>
+#include <cstdint>
 
 namespace tessarin {
 namespace {
@@ -25,9 +26,9 @@ std::optional<std::vector<std::int32_t>> InducedSort(std::span<const std::int32_
     }
     // S-type: smaller than the suffix after it. The last suffix is L-type: the empty suffix that
     // follows it is smaller.
-    std::vector<bool> smaller(text.size(), false);
+    std::vector<std::uint8_t> smaller(text.size(), 0);
     for (std::int32_t i = n - 2; i >= 0; --i) {
-        smaller[i] = text[i] == text[i + 1] ? smaller[i + 1] : text[i] < text[i + 1];
+        smaller[i] = text[i] == text[i + 1] ? smaller[i + 1] : static_cast<std::uint8_t>(text[i] < text[i + 1]);
         if (meter.Advance(1)) return std::nullopt;
     }
     // Each symbol's bucket holds its L-type suffixes first, then its S-type ones.
@@ -120,32 +121,37 @@ std::optional<std::vector<std::int32_t>> InducedSort(std::span<const std::int32_
     return order;
 }
 
-// The common prefix of each suffix with the one before it in `order`. A suffix shares at least
-// one symbol less with its predecessor than the suffix one place to its left did, so walking the
-// text from left to right compares each symbol a bounded number of times.
+// The common prefix of each suffix with the one before it in `order`, worked out in text order
+// (Kärkkäinen, Manzini and Puglisi's permuted LCP): a suffix shares at least one symbol less with
+// its predecessor than the suffix one place to its left did, so each symbol is compared a bounded
+// number of times, and the text, the predecessors and the results are read and written in order.
 // Nothing when cancelled.
 std::optional<std::vector<std::int32_t>> CommonPrefixes(std::span<const std::int32_t> text,
                                                         std::span<const std::int32_t> order, ProgressMeter& meter) {
     const auto n = static_cast<std::int32_t>(text.size());
-    std::vector<std::int32_t> place(text.size());
+    // Per suffix, the one before it in `order`; -1 for the first.
+    std::vector<std::int32_t> before(text.size());
     for (std::int32_t i = 0; i < n; ++i) {
-        place[order[i]] = i;
+        before[order[i]] = i > 0 ? order[i - 1] : -1;
         if (meter.Advance(1)) return std::nullopt;
     }
-    std::vector<std::int32_t> common(text.size(), 0);
     std::int32_t shared = 0;
     for (std::int32_t start = 0; start < n; ++start) {
         if (meter.Advance(1)) return std::nullopt;
-        if (place[start] == 0) {
+        const std::int32_t other = before[start];
+        if (other < 0) {
             shared = 0;
-            continue;
+        } else {
+            while (start + shared < n && other + shared < n && text[start + shared] == text[other + shared])
+                ++shared;
         }
-        const std::int32_t before = order[place[start] - 1];
-        while (start + shared < n && before + shared < n && text[start + shared] == text[before + shared])
-            ++shared;
-        common[place[start]] = shared;
+        // Held in text order in place of the predecessor, which is read no more.
+        before[start] = shared;
         if (shared > 0) --shared;
     }
+    std::vector<std::int32_t> common(text.size());
+    for (std::int32_t i = 0; i < n; ++i)
+        common[i] = before[order[i]];
     return common;
 }
 
