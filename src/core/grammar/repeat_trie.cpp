@@ -487,20 +487,28 @@ bool RepeatTrie::Replace(const std::vector<std::int32_t>& starts, int length, st
 
     std::vector<CutBack> cuts;
     std::vector<std::int32_t> removed;
+    std::int64_t cut_depths = 0;  // how deep the paths cut run, all together
+    std::int64_t cut_steps = 0;   // how many of their nodes lie past the cut
     for (const std::int32_t start : starts) {
         // Paths are monotone: if the one from a slot does not reach the occurrence, no earlier one
         // does. A slot before the last occurrence that reaches this one is cut for that one first.
         const std::int32_t last_removed = removed.empty() ? -1 : removed.back();
         std::int32_t before = text_.Prev(start);
         for (int distance = 1; before >= 0 && before != last_removed && ReachesPast(before, distance); ++distance) {
+            const int depth = nodes_[slots_[before].path_end].depth;
+            cut_depths += depth;
+            cut_steps += depth - distance;
             cuts.push_back(CutBack{before, distance, text_.Prev(start)});
             before = text_.Prev(before);
         }
         for (std::int32_t slot = start, k = 0; k < length; ++k, slot = text_.Next(slot))
             removed.push_back(slot);
     }
+    // The paths of the occurrences' own slots go whole, taken to run as deep as the others.
+    if (!cuts.empty())
+        cut_steps += cut_depths / static_cast<std::int64_t>(cuts.size()) * static_cast<std::int64_t>(removed.size());
     const std::int32_t slots = text_.SlotCount();
-    if (slots >= kLeastSlotsForRebuild &&
+    if (slots >= kLeastSlotsForRebuild && cut_steps > slots &&
         cuts.size() + removed.size() > static_cast<std::size_t>(slots / kSlotsPerCutForRebuild)) {
         for (const std::int32_t start : starts)
             text_.Replace(start, length, code);
