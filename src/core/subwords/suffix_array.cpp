@@ -26,9 +26,9 @@ std::optional<std::vector<std::int32_t>> InducedSort(std::span<const std::int32_
     }
     // S-type: smaller than the suffix after it. The last suffix is L-type: the empty suffix that
     // follows it is smaller.
-    std::vector<std::uint8_t> smaller(text.size(), 0);
+    std::vector<bool> smaller(text.size(), false);
     for (std::int32_t i = n - 2; i >= 0; --i) {
-        smaller[i] = text[i] == text[i + 1] ? smaller[i + 1] : static_cast<std::uint8_t>(text[i] < text[i + 1]);
+        smaller[i] = text[i] == text[i + 1] ? smaller[i + 1] : text[i] < text[i + 1];
         if (meter.Advance(1)) return std::nullopt;
     }
     // Each symbol's bucket holds its L-type suffixes first, then its S-type ones.
