@@ -239,10 +239,10 @@ class RepeatTrie {
     static constexpr std::uint64_t kStepsPerPoll = 1 << 16;
     // A replacement that cuts more nodes off paths than the text has slots, on paths all over the
     // trie (more than a sixteenth of the slots), leaves the trie to be built again: each node cut
-    // off and walked again costs about a third of a microsecond there, where a build costs about half
-    // of one per slot, in order. The nodes of a long repeat's paths lie together and cost a quarter
-    // of that, and its few paths never call for a build. A small trie is never built again, as that
-    // would save nothing.
+    // off and walked again costs about a third of a microsecond there, where a build costs half to
+    // four fifths of one per slot, in order. The nodes of a long repeat's paths lie together and
+    // cost a quarter of that, and its few paths never call for a build. A small trie is never
+    // built again, as that would save nothing.
     static constexpr std::int32_t kSlotsPerCutForRebuild = 16;
     static constexpr std::int32_t kLeastSlotsForRebuild = 1024;
     static constexpr std::size_t kPrefetchStage = 6;
