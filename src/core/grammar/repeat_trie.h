@@ -79,9 +79,9 @@ class RepeatTrie {
     bool TakenAsChanged(std::int32_t node) const { return nodes_[node].taken_as_changed; }
 
     // Replaces the occurrences starting at `starts` (in text order, not overlapping) of a word of
-    // `length` symbols by `code`, and appends the rule `code` -> word. Where the paths it would cut
-    // outnumber a share of the slots, building a trie afresh costs less: then only the text is
-    // changed and the answer is false, the trie no longer matching it, to be built again from text().
+    // `length` symbols by `code`, and appends the rule `code` -> word. Where it would cut more of the
+    // trie than building a trie afresh costs, only the text is changed and the answer is false: the
+    // trie no longer matches the text and is to be built again from text().
     bool Replace(const std::vector<std::int32_t>& starts, int length, std::int32_t code);
 
   private:
