@@ -21,9 +21,9 @@ struct SuffixArray {
 // first, through a text of their names one third or less as long when names repeat, and every
 // other suffix is placed from them in two passes, so time and memory grow linearly with the
 // length. The common prefixes follow in one more pass in text order (Kasai et al. 2001, as
-// Kärkkäinen, Manzini and Puglisi 2009 permute it). Every pass counts one
-// unit on `meter` per symbol it visits, so that a long text reports progress and can be cancelled
-// part-way through any pass; nothing is returned once the meter answers that the user cancelled.
+// Kärkkäinen, Manzini and Puglisi 2009 permute it). Every pass counts one unit on `meter` per
+// symbol it visits, so that a long text reports progress and can be cancelled part-way through any
+// pass; nothing is returned once the meter answers that the user cancelled.
 std::optional<SuffixArray> BuildSuffixArray(std::span<const std::int32_t> text, std::int32_t alphabet_size,
                                             ProgressMeter& meter);
 
