@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <memory>
 #include <optional>
 #include <span>
@@ -82,11 +83,13 @@ class CompressProgress {
     double shown_ = kLeast;
 };
 
-// A trie over the rules as they stand, its build and its later passes polled through `progress`.
-std::unique_ptr<WordListView> NewList(std::span<const Rule> rules, std::int32_t length, CompressProgress& progress) {
+// A trie over the rules as they stand, its build and its later passes polled through `progress`;
+// `longest_overlapping` as the trie's.
+std::unique_ptr<WordListView> NewList(std::span<const Rule> rules, std::int32_t length, CompressProgress& progress,
+                                      int longest_overlapping = std::numeric_limits<int>::max()) {
     progress.NewTrie();
-    return std::make_unique<WordListView>(rules, length,
-                                          [&progress](double scanned) { return progress.Show(scanned); });
+    return std::make_unique<WordListView>(
+        rules, length, [&progress](double scanned) { return progress.Show(scanned); }, longest_overlapping);
 }
 
 // The view indexes words up to the working length (all lengths once it is unlimited); a longer
@@ -95,8 +98,9 @@ std::unique_ptr<WordListView> NewList(std::span<const Rule> rules, std::int32_t 
 void Deepen(std::unique_ptr<WordListView>& list, std::int32_t length, CompressProgress& progress) {
     if (list->max_depth() >= length) return;
     const std::vector<Rule> rules = list->Rules();
+    const int overlapping = list->longest_overlapping();
     list.reset();
-    list = NewList(rules, length, progress);
+    list = NewList(rules, length, progress, overlapping);
 }
 
 // One search with its acceptance: the pair search of NVOGRAM falls back, once and for good, to
@@ -224,7 +228,13 @@ GrammarResult CompressGrammar(CodedSequence coded, int alphabet_size, Method met
                 return result;
             }
         }
-        list = NewList(std::span<const Rule>(&start_rule, 1), long_words ? long_words->short_length : length, shown);
+        if (long_words) {
+            // No longer word overlaps itself in the sequence, nor in the rules that stand for it.
+            list = NewList(std::span<const Rule>(&start_rule, 1), long_words->short_length, shown,
+                           long_words->short_length);
+        } else {
+            list = NewList(std::span<const Rule>(&start_rule, 1), length, shown);
+        }
     }
     for (;;) {
         if (long_words) list->Search(long_words->short_length);

@@ -7,9 +7,18 @@
 #include "grammar/overlaps.h"
 
 namespace tessarin {
+namespace {
 
-RepeatTrie::RepeatTrie(std::span<const Rule> rules, int max_depth, Poll poll)
-    : text_(rules), max_depth_(max_depth), poll_(std::move(poll)) {
+// Lists the node under its length, the lists growing as needed.
+void ListByLength(RepeatTrie::NodesByLength& lists, int length, std::int32_t node) {
+    if (lists.size() <= static_cast<std::size_t>(length)) lists.resize(static_cast<std::size_t>(length) + 1);
+    lists[static_cast<std::size_t>(length)].push_back(node);
+}
+
+}  // namespace
+
+RepeatTrie::RepeatTrie(std::span<const Rule> rules, int max_depth, Poll poll, int longest_overlapping)
+    : text_(rules), max_depth_(max_depth), longest_overlapping_(longest_overlapping), poll_(std::move(poll)) {
     const std::int32_t slots = text_.SlotCount();
     // Almost every slot ends its path in a leaf of the child table, and the words that repeat add
     // some more entries: room for a quarter more than the slots spares rebuilding a table of millions.
@@ -32,17 +41,52 @@ int RepeatTrie::GroupSize(int length) const {
     return static_cast<std::size_t>(length) < groups_.size() ? static_cast<int>(groups_[length].size()) : 0;
 }
 
-const std::vector<std::int32_t>& RepeatTrie::TakeChangedNodes() {
-    for (const std::int32_t node : taken_changed_)
-        nodes_[node].taken_as_changed = false;
-    for (const std::int32_t node : changed_nodes_) {
-        nodes_[node].changed = false;
-        nodes_[node].taken_as_changed = true;
+RepeatTrie::CountRange RepeatTrie::GroupCountRange(int length) {
+    if (GroupSize(length) == 0) return {};
+    GroupCounts& counts = group_counts_[length];
+    if (!counts.known) {
+        counts = GroupCounts{};
+        for (const std::int32_t node : Group(length))
+            counts.Add(nodes_[node].count);
+    }
+    return {counts.most, counts.least};
+}
+
+void RepeatTrie::GroupCounts::Add(std::int32_t count) {
+    if (!known) return;
+    if (at_most == 0 || count > most) {
+        most = count;
+        at_most = 0;
+    }
+    at_most += count == most ? 1 : 0;
+    if (at_least == 0 || count < least) {
+        least = count;
+        at_least = 0;
+    }
+    at_least += count == least ? 1 : 0;
+}
+
+void RepeatTrie::GroupCounts::Remove(std::int32_t count) {
+    if (!known) return;
+    if (count == most && --at_most == 0) known = false;
+    if (count == least && --at_least == 0) known = false;
+}
+
+const RepeatTrie::NodesByLength& RepeatTrie::TakeChangedNodes() {
+    for (const std::vector<std::int32_t>& nodes : taken_changed_) {
+        for (const std::int32_t node : nodes)
+            nodes_[node].taken_as_changed = false;
+    }
+    for (const std::vector<std::int32_t>& nodes : changed_nodes_) {
+        for (const std::int32_t node : nodes) {
+            nodes_[node].changed = false;
+            nodes_[node].taken_as_changed = true;
+        }
     }
     taken_changed_ = std::exchange(changed_nodes_, {});
-    taken_changed_pairs_ = std::exchange(changed_pairs_, {});
     return taken_changed_;
 }
+
 
 // ---- Paths ----
 
@@ -129,6 +173,7 @@ void RepeatTrie::AttachRun() {
         }
         node.count += added;
         if (joins) JoinGroup(child);
+        CountSettled(child);
         run_path_.push_back(child);
     }
     for (std::int32_t p = 0; p < length; ++p) {
@@ -206,6 +251,8 @@ void RepeatTrie::JoinGroup(std::int32_t index) {
     Node& node = nodes_[index];
     if (groups_.size() <= static_cast<std::size_t>(node.depth))
         groups_.resize(static_cast<std::size_t>(node.depth) + 1);
+    if (group_counts_.size() <= static_cast<std::size_t>(node.depth))
+        group_counts_.resize(static_cast<std::size_t>(node.depth) + 1);
     std::vector<std::int32_t>& group = groups_[node.depth];
     node.group_index = static_cast<std::int32_t>(group.size());
     group.push_back(index);
@@ -218,7 +265,7 @@ void RepeatTrie::LeaveGroup(std::int32_t index) {
     group[node.group_index] = moved;
     nodes_[moved].group_index = node.group_index;
     group.pop_back();
-    if (moved != index) moved_nodes_.push_back(moved);
+    if (moved != index && node.depth <= longest_overlapping_) ListByLength(moved_nodes_, node.depth, moved);
     node.group_index = -1;
     // The lists ask for the longest group at every pass: once a long repeat is replaced, its
     // thousands of lengths would be looked through empty.
@@ -231,11 +278,18 @@ void RepeatTrie::LeaveGroup(std::int32_t index) {
 void RepeatTrie::CountChanged(std::int32_t index) {
     Node& node = nodes_[index];
     node.kept = kUnknown;
-    if (!node.changed) {
+    if (node.group_index >= 0) group_counts_[node.depth].Remove(node.count);
+    // Longer words are never copied, their groups answering from the count ranges; a replacement
+    // inside a long repeat changes millions of them.
+    if (!node.changed && node.depth <= longest_overlapping_) {
         node.changed = true;
-        changed_nodes_.push_back(index);
-        if (node.depth == 2) changed_pairs_.push_back(index);
+        ListByLength(changed_nodes_, node.depth, index);
     }
+}
+
+void RepeatTrie::CountSettled(std::int32_t index) {
+    const Node& node = nodes_[index];
+    if (node.group_index >= 0) group_counts_[node.depth].Add(node.count);
 }
 
 // Walks the slot down from where its path ends for as long as the word it has reached repeats.
@@ -274,6 +328,7 @@ void RepeatTrie::Extend(std::int32_t slot) {
                 node.first_occurrence = start;
             }
             if (node.count == 2) JoinGroup(child);
+            CountSettled(child);
             at = child;
             ++depth;
             end = next;
@@ -304,6 +359,7 @@ std::int32_t RepeatTrie::WalkTogether(std::int32_t at, std::int32_t next, std::i
         nodes_[child].count = 2;
         nodes_[child].first_occurrence = std::min(start, other);
         JoinGroup(child);
+        CountSettled(child);
         at = child;
         end = next;
         other_end = other_next;
@@ -402,6 +458,7 @@ void RepeatTrie::Cut(std::int32_t slot, int depth, std::int32_t end) {
         } else if (node.count == 0) {
             DeleteNode(at);
         }
+        CountSettled(at);
         at = parent;
     }
     EndPath(slot, at, end);
@@ -445,6 +502,7 @@ void RepeatTrie::SettleChainCuts() {
             } else if (node.count == 0) {
                 DeleteNode(index);
             }
+            CountSettled(index);
         }
         if (single >= 0) Collapse(single);
     }
@@ -648,6 +706,7 @@ void RepeatTrie::KeptOccurrences(std::int32_t index, std::vector<std::int32_t>& 
 
 std::int32_t RepeatTrie::Kept(std::int32_t index) {
     const bool run = nodes_[index].run && nodes_[index].depth >= 2;
+    if (nodes_[index].depth > longest_overlapping_) return nodes_[index].count;
     if (!run && (nodes_[index].border == 0 || !SelfOverlaps(index))) return nodes_[index].count;
     if (nodes_[index].kept == kUnknown) {
         std::int32_t kept = run ? KeptOfRun(index) : KeptFromPeriods(index);

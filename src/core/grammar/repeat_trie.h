@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <limits>
 #include <span>
 #include <unordered_map>
 #include <utility>
@@ -26,7 +27,10 @@ class RepeatTrie {
     // built and with -1 while a replacement is worked in; answers true to stop the work.
     using Poll = std::function<bool(double scanned)>;
 
-    RepeatTrie(std::span<const Rule> rules, int max_depth, Poll poll = {});
+    // No word of more than `longest_overlapping` symbols has two occurrences that overlap, as the
+    // caller may know from the sequence the rules stand for: such words keep every occurrence.
+    RepeatTrie(std::span<const Rule> rules, int max_depth, Poll poll = {},
+               int longest_overlapping = std::numeric_limits<int>::max());
 
     int max_depth() const { return max_depth_; }
     // The poll answered true: the trie is left half built or half updated and must be dropped.
@@ -38,6 +42,13 @@ class RepeatTrie {
     const std::vector<std::int32_t>& Group(int length) const { return groups_[length]; }
     // The greatest length that has a group, or 0.
     int GroupCount() const { return static_cast<int>(groups_.size()) - 1; }
+    // The greatest and the least count in a group; 0 for an empty one.
+    struct CountRange {
+        std::int32_t most = 0;
+        std::int32_t least = 0;
+    };
+    CountRange GroupCountRange(int length);
+    int longest_overlapping() const { return longest_overlapping_; }
 
     int Count(std::int32_t node) const { return nodes_[node].count; }
     int Depth(std::int32_t node) const { return nodes_[node].depth; }
@@ -61,20 +72,20 @@ class RepeatTrie {
     // Kept(node) where it is known without listing the occurrences, -1 where it is not.
     std::int32_t KnownKept(std::int32_t node) const {
         const Node& word = nodes_[node];
-        return word.border == 0 ? word.count : word.kept;
+        return word.border == 0 || word.depth > longest_overlapping_ ? word.count : word.kept;
     }
     // Those occurrences, by their first and last slots, in text order.
     void KeptOccurrences(std::int32_t node, std::vector<std::int32_t>& starts, std::vector<std::int32_t>& ends);
 
-    // The nodes whose count changed since the last call (not counting the build), each once; they
-    // may have gone, or been taken for other words, since. Valid until the next call.
-    const std::vector<std::int32_t>& TakeChangedNodes();
-    // Of the nodes the last TakeChangedNodes answered, those that held words of 2 symbols when
-    // their count changed.
-    const std::vector<std::int32_t>& ChangedPairs() const { return taken_changed_pairs_; }
-    // The nodes moved to another place of their group, as a word left it, since the last call;
-    // they may have gone, or left their groups, since.
-    std::vector<std::int32_t> TakeMovedNodes() { return std::exchange(moved_nodes_, {}); }
+    // Per length (past the end, none), the nodes whose count changed since the last call (not
+    // counting the build), each once, of words of up to longest_overlapping() symbols; listed by
+    // the length their word had then. They may have gone, or been taken for other words, since.
+    // Valid until the next call.
+    using NodesByLength = std::vector<std::vector<std::int32_t>>;
+    const NodesByLength& TakeChangedNodes();
+    // Per length as above, the nodes moved to another place of their group, as a word left it,
+    // since the last call; they may have gone, or left their groups, since.
+    NodesByLength TakeMovedNodes() { return std::exchange(moved_nodes_, {}); }
     // Whether the node is among those the last TakeChangedNodes answered.
     bool TakenAsChanged(std::int32_t node) const { return nodes_[node].taken_as_changed; }
 
@@ -223,7 +234,9 @@ class RepeatTrie {
     // Ends the slot's path at `node`, its word's last slot `end`, and lists it there.
     void EndPath(std::int32_t slot, std::int32_t node, std::int32_t end);
     void RemoveSlot(std::int32_t node, std::int32_t slot);
+    // Called before a node's count changes, and after it has: the group's count range follows.
     void CountChanged(std::int32_t node);
+    void CountSettled(std::int32_t node);
     bool SelfOverlaps(std::int32_t node);
     // Kept(node) for a word with one border, from the counts of the word continued by its period;
     // kUnknown for any other word.
@@ -249,6 +262,7 @@ class RepeatTrie {
 
     LinkedRules text_;
     int max_depth_;
+    int longest_overlapping_;
     Poll poll_;
     std::uint64_t steps_ = 0;
     double scanned_ = -1;
@@ -262,13 +276,23 @@ class RepeatTrie {
     OpenHashMap children_;                           // (parent, symbol) -> child of a node with many, or kLeaf | slot
     RemappedArray<SlotState> slots_;                 // per slot
     std::vector<std::vector<std::int32_t>> groups_;  // per length
-    std::vector<std::int32_t> changed_nodes_;
-    std::vector<std::int32_t> taken_changed_;  // as the last TakeChangedNodes answered
-    // The same for the words of 2 symbols, listed apart as their counts change: the ranking of
-    // pairs need not read every changed node for its length.
-    std::vector<std::int32_t> changed_pairs_;
-    std::vector<std::int32_t> taken_changed_pairs_;
-    std::vector<std::int32_t> moved_nodes_;  // as the next TakeMovedNodes answers
+    // Per length, the greatest and least count of the group with the words that hold each: a walk
+    // that needs no more of a group than those reads no word of it. Where the last word at either
+    // end leaves it, the range is found again from the group when next asked for.
+    struct GroupCounts {
+        std::int32_t most = 0;
+        std::int32_t at_most = 0;
+        std::int32_t least = 0;
+        std::int32_t at_least = 0;
+        bool known = true;
+
+        void Add(std::int32_t count);
+        void Remove(std::int32_t count);
+    };
+    std::vector<GroupCounts> group_counts_;
+    NodesByLength changed_nodes_;
+    NodesByLength taken_changed_;  // as the last TakeChangedNodes answered
+    NodesByLength moved_nodes_;    // as the next TakeMovedNodes answers
     std::vector<std::int32_t> pending_;      // slots waiting to be extended
     std::vector<std::int32_t> run_;          // room for AttachSlots: the slots of one run
     std::vector<std::int32_t> run_path_;     // room for AttachRun: the nodes of a, aa, aaa, ...

@@ -148,6 +148,7 @@ void RepeatTrie::AttachBySuffixes() {
             open.pop_back();
             nodes_[closed.node].count = i + 1 - closed.first;
             nodes_[closed.node].first_occurrence = closed.min_slot;
+            CountSettled(closed.node);
             if (!open.empty()) open.back().min_slot = std::min(open.back().min_slot, closed.min_slot);
         }
         common_before = common_after;

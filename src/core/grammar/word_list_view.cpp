@@ -6,6 +6,7 @@
 
 #include "grammar/overlaps.h"
 
+
 namespace tessarin {
 namespace {
 
@@ -40,8 +41,9 @@ void PlaceNth(std::vector<Place>& places, std::size_t k, Before before) {
 
 }  // namespace
 
-WordListView::WordListView(std::span<const Rule> rules, int max_depth, RepeatTrie::Poll poll)
-    : poll_(std::move(poll)), trie_(std::in_place, rules, max_depth, poll_) {
+WordListView::WordListView(std::span<const Rule> rules, int max_depth, RepeatTrie::Poll poll,
+                           int longest_overlapping)
+    : poll_(std::move(poll)), trie_(std::in_place, rules, max_depth, poll_, longest_overlapping) {
     RankPairsOfBuild();
 }
 
@@ -53,8 +55,9 @@ void WordListView::RankPairsOfBuild() {
 void WordListView::Rebuild() {
     const std::vector<Rule> rules = Rules();
     const int depth = max_depth();
+    const int overlapping = longest_overlapping();
     trie_.reset();
-    trie_.emplace(rules, depth, poll_);
+    trie_.emplace(rules, depth, poll_, overlapping);
     keyed_.clear();
     orders_.clear();
     streaming_ = true;
@@ -358,29 +361,44 @@ std::vector<WordListView::Keyed>& WordListView::KeptGroup(int length, Prefixes p
 }
 
 void WordListView::NoteChanges() {
-    const std::vector<std::int32_t>& changed = trie_->TakeChangedNodes();
-    const std::vector<std::int32_t> moved = trie_->TakeMovedNodes();
-    pairs_.Note(trie_->ChangedPairs());
+    const RepeatTrie::NodesByLength& changed = trie_->TakeChangedNodes();
+    const RepeatTrie::NodesByLength moved = trie_->TakeMovedNodes();
+    auto count_at = [](const RepeatTrie::NodesByLength& lists, int length) {
+        return static_cast<std::size_t>(length) < lists.size() ? lists[length].size() : 0;
+    };
+    if (count_at(changed, 2) > 0) pairs_.Note(changed[2]);
+    // The trie lists no changes to words that never overlap themselves: their groups answer from
+    // its count ranges, and the copy of one picked out is not kept.
+    const int overlapping = std::min(trie_->GroupCount(), trie_->longest_overlapping());
+    if (keyed_.size() > static_cast<std::size_t>(overlapping) + 1) keyed_.resize(static_cast<std::size_t>(overlapping) + 1);
     // A replacement that changes counts all over, as the first passes of Maximum Gain do with
-    // words that occur tens of thousands of times, would mark most copied words one by one: once
-    // the changes outnumber a quarter of the copied words, the copies are cheaper read afresh.
-    std::size_t copied = 0;
-    for (const KeyedCopy& copy : keyed_)
-        copied += copy.words.size();
+    // words that occur tens of thousands of times, would mark most copied words one by one: a copy
+    // that a quarter of its words changed in is cheaper read afresh.
+    std::size_t changes = 0;
     std::size_t words = 0;
-    for (int length = 3; length <= trie_->GroupCount(); ++length)
+    for (int length = 3; length <= overlapping; ++length) {
+        changes += count_at(changed, length);
         words += static_cast<std::size_t>(trie_->GroupSize(length));
-    streaming_ = 4 * changed.size() > words;
-    if (4 * changed.size() > copied) {
-        keyed_.clear();
-        return;
+        if (Copied(length) && 4 * count_at(changed, length) > keyed_[length].words.size()) LetGo(length);
     }
-    for (const std::int32_t node : moved) {
-        if (trie_->Alive(node) && trie_->GroupIndex(node) >= 0)
-            MarkPlaceStale(trie_->Depth(node), trie_->GroupIndex(node));
+    streaming_ = 4 * changes > words;
+    // Only the lists of copied groups, and of the prefixes whose counts they copy, are read: the
+    // others would cost a trip to memory per node for nothing.
+    for (std::size_t length = 0; length < moved.size(); ++length) {
+        if (!Copied(static_cast<int>(length))) continue;
+        for (const std::int32_t node : moved[length]) {
+            if (trie_->Alive(node) && trie_->GroupIndex(node) >= 0)
+                MarkPlaceStale(trie_->Depth(node), trie_->GroupIndex(node));
+        }
     }
-    for (const std::int32_t node : changed) {
-        if (trie_->Alive(node)) MarkStale(node, 0);
+    for (std::size_t length = 0; length < changed.size(); ++length) {
+        bool copied = false;
+        for (int below = 0; below <= Keyed::kLevels; ++below)
+            copied = copied || Copied(static_cast<int>(length) + below);
+        if (!copied) continue;
+        for (const std::int32_t node : changed[length]) {
+            if (trie_->Alive(node)) MarkStale(node, 0);
+        }
     }
 }
 
@@ -536,15 +554,22 @@ WordListView::Entry WordListView::At(int position, Rank rank) {
         const std::int32_t index = group.list_order[static_cast<std::size_t>(place.offset)];
         return Entry{group.length, group.words[index].count, index + 1};
     }
-    if (place.length > 2 && trie_->GroupSize(place.length) > 1) {
+    const int last = trie_->GroupSize(place.length) - 1;
+    if (place.length > trie_->longest_overlapping() && last > 0 && (place.offset == 0 || place.offset == last)) {
+        // Words that never overlap themselves keep every occurrence, so such a group stays in
+        // search order; the trie keeps its greatest and least counts as they change, and a walk
+        // over a genome's thousands of lengths of long repeats reads none of their words.
+        const RepeatTrie::CountRange counts = trie_->GroupCountRange(place.length);
+        return place.offset == 0 ? Entry{place.length, counts.most, 1} : Entry{place.length, counts.least, last + 1};
+    }
+    if (place.length > 2 && last > 0) {
         // In a group that dropping the overlaps left in search order, the first and last places
         // are the greatest and least counts, and no word need be picked out.
         const GroupOrder& order = CountedOrder(place.length);
-        const int last = trie_->GroupSize(place.length) - 1;
         if (!order.reordered && place.offset == 0) return Entry{place.length, order.most_kept, 1};
         if (!order.reordered && place.offset == last) return Entry{place.length, order.fewest_kept, last + 1};
     }
-    if (place.length > 2 && trie_->GroupSize(place.length) > 1) {
+    if (place.length > 2 && last > 0) {
         if (const std::optional<Entry> entry = EntryFromCounts(place.length, place.offset, rank)) return *entry;
     }
     const auto [node, search_rank] = NodeAt(place.length, place.offset, rank);

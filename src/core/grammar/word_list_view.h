@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <limits>
 #include <map>
 #include <optional>
 #include <span>
@@ -30,10 +31,12 @@ class WordListView {
     };
     enum class Rank { kWanted, kUnneeded };
 
-    // The words of up to `max_depth` symbols of the rules; `poll` as the trie's.
-    WordListView(std::span<const Rule> rules, int max_depth, RepeatTrie::Poll poll = {});
+    // The words of up to `max_depth` symbols of the rules; `poll` and `longest_overlapping` as the trie's.
+    WordListView(std::span<const Rule> rules, int max_depth, RepeatTrie::Poll poll = {},
+                 int longest_overlapping = std::numeric_limits<int>::max());
 
     int max_depth() const { return trie_->max_depth(); }
+    int longest_overlapping() const { return trie_->longest_overlapping(); }
     // The poll answered true during the build or a rule's replacements: the view must be dropped.
     bool stopped() const { return trie_->stopped(); }
     std::vector<Rule> Rules() const { return trie_->text().ToRules(); }

@@ -1,0 +1,85 @@
+#include "grammar/repeat_trie.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <limits>
+#include <optional>
+#include <span>
+#include <vector>
+
+#include "session/random_generator.h"
+
+namespace tessarin {
+namespace {
+
+void ExpectCountRanges(RepeatTrie& trie) {
+    for (int length = 1; length <= trie.GroupCount(); ++length) {
+        RepeatTrie::CountRange expected;
+        for (const std::int32_t node : trie.Group(length)) {
+            expected.most = std::max(expected.most, trie.Count(node));
+            expected.least = expected.least == 0 ? trie.Count(node) : std::min(expected.least, trie.Count(node));
+        }
+        const RepeatTrie::CountRange range = trie.GroupCountRange(length);
+        ASSERT_EQ(range.most, expected.most) << "length " << length;
+        ASSERT_EQ(range.least, expected.least) << "length " << length;
+    }
+}
+
+// Either a stretch of random text present four to six times in a row, whose words tie on counts
+// above 2 that replacements lower without taking them out of their groups, or random text with a
+// copy of part of it, a symbol changed, and a run of one symbol.
+std::vector<std::int32_t> PlantedText(RandomGenerator& random) {
+    const int letters = 1 + random.Index(3);
+    std::vector<std::int32_t> symbols;
+    for (int i = 0; i < 1000; ++i)
+        symbols.push_back(random.Index(letters));
+    if (random.Index(2) == 1) {
+        const std::vector<std::int32_t> stretch(symbols.begin(), symbols.begin() + 100 + random.Index(200));
+        symbols.clear();
+        for (int copies = 3 + random.Index(3); copies > 0; --copies)
+            symbols.insert(symbols.end(), stretch.begin(), stretch.end());
+        return symbols;
+    }
+    const auto from = symbols.begin() + random.Index(700);
+    const std::vector<std::int32_t> copy(from, from + 100 + random.Index(200));
+    symbols.insert(symbols.end(), copy.begin(), copy.end());
+    symbols[symbols.size() - static_cast<std::size_t>(random.Index(100))] = random.Index(letters);
+    symbols.insert(symbols.begin() + random.Index(1000), static_cast<std::size_t>(random.Index(60)), 1);
+    return symbols;
+}
+
+// Words picked at random, short and long, replaced pass after pass: counts fall all over and
+// rise where the new symbols repeat, and the texts are long enough for some replacements to
+// leave the trie to be built again. The ranges are asked for every other pass or so, so that
+// some are kept through several passes and some found again from their groups.
+TEST(RepeatTrieTest, KeepsEveryGroupsGreatestAndLeastCountThroughReplacements) {
+    RandomGenerator random(4242);
+    for (int text = 0; text < 40; ++text) {
+        const std::vector<Rule> start{Rule{0, PlantedText(random)}};
+        const int depth = random.Index(2) == 1 ? 12 : std::numeric_limits<int>::max();
+        std::optional<RepeatTrie> trie(std::in_place, std::span<const Rule>(start), depth);
+        std::int32_t code = 100;
+        std::vector<std::int32_t> starts;
+        std::vector<std::int32_t> ends;
+        for (int pass = 0; pass < 60 && trie->GroupCount() >= 2; ++pass) {
+            const int length = 1 + random.Index(trie->GroupCount() - 1);
+            const std::vector<std::int32_t>& group = trie->Group(length);
+            if (group.empty()) continue;
+            trie->KeptOccurrences(group[static_cast<std::size_t>(random.Index(static_cast<int>(group.size())) - 1)],
+                                  starts, ends);
+            if (starts.size() < 2) continue;
+            if (!trie->Replace(starts, length, ++code)) {
+                const std::vector<Rule> rules = trie->text().ToRules();
+                trie.reset();
+                trie.emplace(rules, depth);
+            }
+            if (random.Index(2) == 1) ExpectCountRanges(*trie);
+        }
+        ExpectCountRanges(*trie);
+    }
+}
+
+}  // namespace
+}  // namespace tessarin
