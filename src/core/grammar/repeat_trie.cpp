@@ -49,7 +49,7 @@ RepeatTrie::CountRange RepeatTrie::GroupCountRange(int length) {
         for (const std::int32_t node : Group(length))
             counts.Add(nodes_[node].count);
     }
-    return {counts.most, counts.least};
+    return {counts.most, counts.at_most, counts.least};
 }
 
 void RepeatTrie::GroupCounts::Add(std::int32_t count) {
@@ -86,7 +86,6 @@ const RepeatTrie::NodesByLength& RepeatTrie::TakeChangedNodes() {
     taken_changed_ = std::exchange(changed_nodes_, {});
     return taken_changed_;
 }
-
 
 // ---- Paths ----
 

@@ -42,9 +42,11 @@ class RepeatTrie {
     const std::vector<std::int32_t>& Group(int length) const { return groups_[length]; }
     // The greatest length that has a group, or 0.
     int GroupCount() const { return static_cast<int>(groups_.size()) - 1; }
-    // The greatest and the least count in a group; 0 for an empty one.
+    // The greatest and the least count in a group, and how many words hold the greatest; 0 for an
+    // empty group.
     struct CountRange {
         std::int32_t most = 0;
+        std::int32_t at_most = 0;
         std::int32_t least = 0;
     };
     CountRange GroupCountRange(int length);
@@ -291,11 +293,11 @@ class RepeatTrie {
     };
     std::vector<GroupCounts> group_counts_;
     NodesByLength changed_nodes_;
-    NodesByLength taken_changed_;  // as the last TakeChangedNodes answered
-    NodesByLength moved_nodes_;    // as the next TakeMovedNodes answers
-    std::vector<std::int32_t> pending_;      // slots waiting to be extended
-    std::vector<std::int32_t> run_;          // room for AttachSlots: the slots of one run
-    std::vector<std::int32_t> run_path_;     // room for AttachRun: the nodes of a, aa, aaa, ...
+    NodesByLength taken_changed_;         // as the last TakeChangedNodes answered
+    NodesByLength moved_nodes_;           // as the next TakeMovedNodes answers
+    std::vector<std::int32_t> pending_;   // slots waiting to be extended
+    std::vector<std::int32_t> run_;       // room for AttachSlots: the slots of one run
+    std::vector<std::int32_t> run_path_;  // room for AttachRun: the nodes of a, aa, aaa, ...
     // Per symbol a: the nodes of a, aa, aaa, ... by length, -1 where there is none. A slot in a
     // run of m symbols lies on m of them, so walking them slot by slot costs m * m / 2 steps; runs
     // are attached as one and cut by jumps instead.

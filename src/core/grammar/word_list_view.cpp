@@ -6,7 +6,6 @@
 
 #include "grammar/overlaps.h"
 
-
 namespace tessarin {
 namespace {
 
@@ -41,8 +40,7 @@ void PlaceNth(std::vector<Place>& places, std::size_t k, Before before) {
 
 }  // namespace
 
-WordListView::WordListView(std::span<const Rule> rules, int max_depth, RepeatTrie::Poll poll,
-                           int longest_overlapping)
+WordListView::WordListView(std::span<const Rule> rules, int max_depth, RepeatTrie::Poll poll, int longest_overlapping)
     : poll_(std::move(poll)), trie_(std::in_place, rules, max_depth, poll_, longest_overlapping) {
     RankPairsOfBuild();
 }
@@ -59,6 +57,7 @@ void WordListView::Rebuild() {
     trie_.reset();
     trie_.emplace(rules, depth, poll_, overlapping);
     keyed_.clear();
+    moved_.clear();
     orders_.clear();
     streaming_ = true;
     streamed_length_ = 0;
@@ -163,7 +162,6 @@ WordListView::GroupOrder& WordListView::Order(int length) {
     GroupOrder& order = orders_[length];
     if (order.generation != generation_) {
         order.generation = generation_;
-        order.counted = false;
         order.moved_listed = false;
         order.selected.clear();
         order.list.clear();
@@ -171,21 +169,91 @@ WordListView::GroupOrder& WordListView::Order(int length) {
     return order;
 }
 
-WordListView::GroupOrder& WordListView::CountedOrder(int length) {
-    GroupOrder& order = Order(length);
-    if (order.counted) return order;
-    order.counted = true;
-    // The group's copy is kept up to date with the places where dropping the overlaps lowered a
-    // count and with the counts held, so only the words whose counts changed are read again: a scan
-    // of the trie's group would read all its words, far apart in memory, pass after pass.
-    KeptGroup(length);
-    const KeyedCopy& copy = keyed_[length];
-    order.reordered = !copy.moved.empty();
-    // Left in search order, every word is kept as often as it occurs.
-    const bool in_search_order = !order.reordered && !copy.places_by_count.empty();
-    order.most_kept = in_search_order ? copy.places_by_count.rbegin()->first : 0;
-    order.fewest_kept = in_search_order ? copy.places_by_count.begin()->first : 0;
-    return order;
+bool WordListView::IsMoved(std::int32_t node, int length) {
+    return trie_->Alive(node) && trie_->Depth(node) == length && trie_->GroupIndex(node) >= 0 &&
+           trie_->Kept(node) < trie_->Count(node);
+}
+
+WordListView::MovedWords& WordListView::MovedOf(int length) {
+    if (moved_.size() <= static_cast<std::size_t>(length)) moved_.resize(static_cast<std::size_t>(length) + 1);
+    MovedWords& moved = moved_[length];
+    if (moved.known) return moved;
+    moved = MovedWords{true, false, {}};
+    // Words that never overlap themselves keep every occurrence: a walk over a genome's thousands
+    // of lengths of long repeats reads none of their words.
+    if (length > trie_->longest_overlapping()) return moved;
+    const std::vector<std::int32_t>& group = trie_->Group(length);
+    constexpr std::size_t kPrefetchAhead = 16;
+    for (std::size_t index = 0; index < group.size(); ++index) {
+        if (index + kPrefetchAhead < group.size()) trie_->Prefetch(group[index + kPrefetchAhead]);
+        const std::int32_t node = group[index];
+        const std::int32_t kept = trie_->KnownKept(node);
+        if (kept == trie_->Count(node) || trie_->Kept(node) == trie_->Count(node)) continue;
+        moved.nodes.push_back(node);
+    }
+    moved.too_many = moved.nodes.size() > kMostMoved;
+    if (moved.too_many) moved.nodes = {};
+    return moved;
+}
+
+bool WordListView::Reordered(int length) {
+    const MovedWords& moved = MovedOf(length);
+    return moved.too_many || !moved.nodes.empty();
+}
+
+// A word's kept count changes only with its count: the occurrences that overlap lie inside a
+// stretch with the word's period, and whatever cuts that stretch cuts an occurrence of the word.
+void WordListView::UpdateMoved(const RepeatTrie::NodesByLength& changed) {
+    std::vector<std::int32_t> candidates;
+    for (std::size_t length = 0; length < std::min(moved_.size(), changed.size()); ++length) {
+        MovedWords& moved = moved_[length];
+        if (!moved.known || changed[length].empty()) continue;
+        // A group with more moved words than are listed is read again as a whole when asked about.
+        if (moved.too_many) {
+            moved = MovedWords{};
+            continue;
+        }
+        // A node may be listed twice, having gone and been taken for another word of the length.
+        candidates.clear();
+        auto take_moved = [&](const std::vector<std::int32_t>& nodes) {
+            for (const std::int32_t node : nodes) {
+                if (IsMoved(node, static_cast<int>(length))) candidates.push_back(node);
+            }
+        };
+        take_moved(moved.nodes);
+        take_moved(changed[length]);
+        std::sort(candidates.begin(), candidates.end());
+        candidates.erase(std::unique(candidates.begin(), candidates.end()), candidates.end());
+        moved.too_many = candidates.size() > kMostMoved;
+        moved.nodes = moved.too_many ? std::vector<std::int32_t>{} : candidates;
+    }
+}
+
+// The list orders a group by kept count, ties as the search does, which orders by count first. If
+// no moved word keeps fewer than the group's least count, the last word of the list is the last
+// of the search, of that count; if a word of the greatest count is not moved, the first place of
+// the list keeps that many.
+std::optional<WordListView::Entry> WordListView::EntryAtEnds(int length, int offset, Rank rank) {
+    const MovedWords& moved = MovedOf(length);
+    if (moved.too_many) return std::nullopt;
+    const RepeatTrie::CountRange counts = trie_->GroupCountRange(length);
+    const int last = trie_->GroupSize(length) - 1;
+    if (offset == last) {
+        for (const std::int32_t node : moved.nodes) {
+            if (trie_->Kept(node) < counts.least) return std::nullopt;
+        }
+        return Entry{length, counts.least, last + 1};
+    }
+    if (offset != 0) return std::nullopt;
+    std::int32_t unmoved_at_most = counts.at_most;
+    for (const std::int32_t node : moved.nodes)
+        unmoved_at_most -= trie_->Count(node) == counts.most ? 1 : 0;
+    if (unmoved_at_most == 0) return std::nullopt;
+    // The first word of the search keeps the greatest count where no word moved; otherwise its
+    // rank is left to the search.
+    if (moved.nodes.empty()) return Entry{length, counts.most, 1};
+    if (rank == Rank::kUnneeded) return Entry{length, counts.most, 0};
+    return std::nullopt;
 }
 
 void WordListView::SortGroup(int length, GroupOrder& order) {
@@ -264,9 +332,7 @@ std::vector<WordListView::Keyed>& WordListView::KeyedGroup(int length) {
     const std::size_t old_size = copy.words.size();
     if (old_size == 0) copy.with_prefixes = !streaming_;
     auto read = [&](std::size_t index) {
-        if (index < old_size) copy.Hold(copy.words[index].Count(), -1);
         const Keyed& word = copy.words[index] = ReadKeyed(group[index], copy.with_prefixes);
-        copy.Hold(word.Count(), 1);
         if (copy.with_prefixes) copy.search_keys.Set(index, SearchKey(word));
         if (word.kept < 0) {
             copy.unkept.push_back(static_cast<std::int32_t>(index));
@@ -277,7 +343,6 @@ std::vector<WordListView::Keyed>& WordListView::KeyedGroup(int length) {
     };
     // Places past the group's end leave the moved list as words of unknown kept count.
     for (std::size_t index = group.size(); index < old_size; ++index) {
-        copy.Hold(copy.words[index].Count(), -1);
         copy.words[index].kept = -1;
         FileMoved(copy, index);
     }
@@ -301,12 +366,6 @@ std::vector<WordListView::Keyed>& WordListView::KeyedGroup(int length) {
     }
     copy.stale.clear();
     return copy.words;
-}
-
-void WordListView::KeyedCopy::Hold(std::int32_t count, std::int32_t places) {
-    const auto at = places_by_count.try_emplace(count, 0).first;
-    at->second += places;
-    if (at->second == 0) places_by_count.erase(at);
 }
 
 std::int32_t WordListView::KeptAt(KeyedCopy& copy, std::size_t index) {
@@ -367,10 +426,12 @@ void WordListView::NoteChanges() {
         return static_cast<std::size_t>(length) < lists.size() ? lists[length].size() : 0;
     };
     if (count_at(changed, 2) > 0) pairs_.Note(changed[2]);
+    UpdateMoved(changed);
     // The trie lists no changes to words that never overlap themselves: their groups answer from
     // its count ranges, and the copy of one picked out is not kept.
     const int overlapping = std::min(trie_->GroupCount(), trie_->longest_overlapping());
-    if (keyed_.size() > static_cast<std::size_t>(overlapping) + 1) keyed_.resize(static_cast<std::size_t>(overlapping) + 1);
+    if (keyed_.size() > static_cast<std::size_t>(overlapping) + 1)
+        keyed_.resize(static_cast<std::size_t>(overlapping) + 1);
     // A replacement that changes counts all over, as the first passes of Maximum Gain do with
     // words that occur tens of thousands of times, would mark most copied words one by one: a copy
     // that a quarter of its words changed in is cheaper read afresh.
@@ -486,7 +547,7 @@ bool WordListView::SearchBefore(const Keyed& a, std::uint64_t top_a, const Keyed
 // the place. Otherwise the words before it in search order are counted, by SearchKey and, among
 // the words tied with it there, by comparison.
 std::int32_t WordListView::SearchRank(int length, const Placed& placed) {
-    if (!CountedOrder(length).reordered) return placed.offset + 1;
+    if (!Reordered(length)) return placed.offset + 1;
     const std::vector<Keyed>& words = KeptGroup(length, Prefixes::kWanted);
     KeyIndex& keys = keyed_[length].search_keys;
     const auto chosen = static_cast<std::size_t>(trie_->GroupIndex(placed.node));
@@ -555,19 +616,8 @@ WordListView::Entry WordListView::At(int position, Rank rank) {
         return Entry{group.length, group.words[index].count, index + 1};
     }
     const int last = trie_->GroupSize(place.length) - 1;
-    if (place.length > trie_->longest_overlapping() && last > 0 && (place.offset == 0 || place.offset == last)) {
-        // Words that never overlap themselves keep every occurrence, so such a group stays in
-        // search order; the trie keeps its greatest and least counts as they change, and a walk
-        // over a genome's thousands of lengths of long repeats reads none of their words.
-        const RepeatTrie::CountRange counts = trie_->GroupCountRange(place.length);
-        return place.offset == 0 ? Entry{place.length, counts.most, 1} : Entry{place.length, counts.least, last + 1};
-    }
-    if (place.length > 2 && last > 0) {
-        // In a group that dropping the overlaps left in search order, the first and last places
-        // are the greatest and least counts, and no word need be picked out.
-        const GroupOrder& order = CountedOrder(place.length);
-        if (!order.reordered && place.offset == 0) return Entry{place.length, order.most_kept, 1};
-        if (!order.reordered && place.offset == last) return Entry{place.length, order.fewest_kept, last + 1};
+    if (place.length > 2 && last > 0 && (place.offset == 0 || place.offset == last)) {
+        if (const std::optional<Entry> entry = EntryAtEnds(place.length, place.offset, rank)) return *entry;
     }
     if (place.length > 2 && last > 0) {
         if (const std::optional<Entry> entry = EntryFromCounts(place.length, place.offset, rank)) return *entry;
@@ -583,9 +633,6 @@ WordListView::Entry WordListView::At(int position, Rank rank) {
 // A walk asks for places in the middle of groups of thousands of words that tie on every copied
 // count, where picking the word out would compare it with all of them.
 std::optional<WordListView::Entry> WordListView::EntryFromCounts(int length, int offset, Rank rank) {
-    // A tandem repeat moves a word per symbol of its period in each group it reaches; a group that
-    // dropping the overlaps reorders all over is left to the picks.
-    constexpr std::size_t kMostMoved = 1024;
     GroupOrder& order = Order(length);
     std::vector<Keyed>& words = KeptGroup(length);
     if (!order.moved_listed) {

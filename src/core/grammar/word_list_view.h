@@ -3,7 +3,6 @@
 #include <array>
 #include <cstdint>
 #include <limits>
-#include <map>
 #include <optional>
 #include <span>
 #include <utility>
@@ -116,11 +115,15 @@ class WordListView {
         // there or -1: the group's order differs from the search's at these alone.
         std::vector<std::uint32_t> moved;
         std::vector<std::int32_t> moved_at;
-        // Per count, the places that hold it: the greatest and least count of a group left in
-        // search order, which a walk asks for at every pass, without reading the group.
-        std::map<std::int32_t, std::int32_t> places_by_count;
-
-        void Hold(std::int32_t count, std::int32_t places);
+    };
+    // The words of a group that dropping the overlaps moved, kept up to date from the words whose
+    // counts change, without a copy of the group: with the trie's greatest and least counts they
+    // tell the first and last places of most groups, which is all a walk asks of most groups.
+    struct MovedWords {
+        bool known = false;  // false: to be found from the whole group
+        // More than a walk compares; the nodes are then not listed.
+        bool too_many = false;
+        std::vector<std::int32_t> nodes;
     };
     // A word of the group that dropping the overlaps moved: its kept count is below its count.
     struct Moved {
@@ -136,12 +139,6 @@ class WordListView {
         bool moved_listed = false;
         bool too_many_moved = false;
         std::vector<Moved> moved;
-        // What the group's copy tells of the kept counts, once per pass: whether dropping the overlaps
-        // reordered the group at all and, if not, its greatest and least kept counts.
-        bool counted = false;
-        bool reordered = false;
-        std::int32_t most_kept = 0;
-        std::int32_t fewest_kept = 0;
         std::vector<Placed> selected;                             // places answered one by one
         std::vector<std::pair<std::int32_t, std::int32_t>> list;  // (node, rank) in list order, once sorted
     };
@@ -174,8 +171,17 @@ class WordListView {
     bool SearchBefore(const Keyed& a, std::uint64_t top_a, const Keyed& b, std::uint64_t top_b);
     bool ListBefore(const Keyed& a, const Keyed& b);
     GroupOrder& Order(int length);
-    // The group's order with what its copy tells of the kept counts.
-    GroupOrder& CountedOrder(int length);
+    // Whether the node holds a word of the group of `length` symbols that dropping the overlaps moved.
+    bool IsMoved(std::int32_t node, int length);
+    // The group's moved words, found from the whole group where they are not known.
+    MovedWords& MovedOf(int length);
+    // Whether dropping the overlaps reordered the group.
+    bool Reordered(int length);
+    // Takes the changes of the last rule into the lists of moved words.
+    void UpdateMoved(const RepeatTrie::NodesByLength& changed);
+    // The entry at the first or last place of a trie group from its greatest and least counts and
+    // its moved words alone; nothing where the moved words lie there.
+    std::optional<Entry> EntryAtEnds(int length, int offset, Rank rank);
     void SortGroup(int length, GroupOrder& order);
     Keyed ReadKeyed(std::int32_t node, bool with_prefixes);
     // Copies the counts of the word's nearest prefixes into it, with their nodes.
@@ -237,6 +243,7 @@ class WordListView {
     std::int64_t generation_ = 0;  // grows with every rule, so cached orders expire
     std::vector<GroupOrder> orders_;
     std::vector<KeyedCopy> keyed_;            // per length, once the group is asked about
+    std::vector<MovedWords> moved_;           // per length
     std::vector<std::uint32_t> tied_;         // room for Select and SearchRank: places of tied words
     std::vector<std::uint64_t> select_room_;  // room for Select to select among keys
     // Whether the words tied in tied_ are compared by their tops, read once for a selection or a
@@ -245,6 +252,9 @@ class WordListView {
     // average and reading the tops costs more; under Maximum Gain, 9 steps and more.
     bool UseTops() const { return tied_.size() >= kLeastTiedForTops && walk_steps_ > kStepsForTops * walks_; }
     static constexpr std::size_t kLeastTiedForTops = 32;
+    // A tandem repeat moves a word per symbol of its period in each group it reaches; a group that
+    // dropping the overlaps reorders all over is left to the picks.
+    static constexpr std::size_t kMostMoved = 1024;
     static constexpr std::uint64_t kStepsForTops = 4;
     // The walks of SearchBefore lately, and the steps they took.
     std::uint64_t walks_ = 0;

@@ -21,8 +21,11 @@ void ExpectCountRanges(RepeatTrie& trie) {
             expected.most = std::max(expected.most, trie.Count(node));
             expected.least = expected.least == 0 ? trie.Count(node) : std::min(expected.least, trie.Count(node));
         }
+        for (const std::int32_t node : trie.Group(length))
+            expected.at_most += trie.Count(node) == expected.most ? 1 : 0;
         const RepeatTrie::CountRange range = trie.GroupCountRange(length);
         ASSERT_EQ(range.most, expected.most) << "length " << length;
+        ASSERT_EQ(range.at_most, expected.at_most) << "length " << length;
         ASSERT_EQ(range.least, expected.least) << "length " << length;
     }
 }
