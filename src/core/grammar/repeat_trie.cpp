@@ -704,8 +704,8 @@ void RepeatTrie::KeptOccurrences(std::int32_t index, std::vector<std::int32_t>& 
 }
 
 std::int32_t RepeatTrie::Kept(std::int32_t index) {
-    const bool run = nodes_[index].run && nodes_[index].depth >= 2;
     if (nodes_[index].depth > longest_overlapping_) return nodes_[index].count;
+    const bool run = nodes_[index].run && nodes_[index].depth >= 2;
     if (!run && (nodes_[index].border == 0 || !SelfOverlaps(index))) return nodes_[index].count;
     if (nodes_[index].kept == kUnknown) {
         std::int32_t kept = run ? KeptOfRun(index) : KeptFromPeriods(index);

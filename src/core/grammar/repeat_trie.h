@@ -80,8 +80,8 @@ class RepeatTrie {
     void KeptOccurrences(std::int32_t node, std::vector<std::int32_t>& starts, std::vector<std::int32_t>& ends);
 
     // Per length (past the end, none), the nodes whose count changed since the last call (not
-    // counting the build), each once, of words of up to longest_overlapping() symbols; listed by
-    // the length their word had then. They may have gone, or been taken for other words, since.
+    // counting the build), once for each word they held, of words of up to longest_overlapping()
+    // symbols; listed by the length their word had then. They may have gone, or been taken for other words, since.
     // Valid until the next call.
     using NodesByLength = std::vector<std::vector<std::int32_t>>;
     const NodesByLength& TakeChangedNodes();
