@@ -183,16 +183,13 @@ WordListView::MovedWords& WordListView::MovedOf(int length) {
     // of lengths of long repeats reads none of their words.
     if (length > trie_->longest_overlapping()) return moved;
     const std::vector<std::int32_t>& group = trie_->Group(length);
+    std::vector<std::int32_t> nodes;
     constexpr std::size_t kPrefetchAhead = 16;
     for (std::size_t index = 0; index < group.size(); ++index) {
         if (index + kPrefetchAhead < group.size()) trie_->Prefetch(group[index + kPrefetchAhead]);
-        const std::int32_t node = group[index];
-        const std::int32_t kept = trie_->KnownKept(node);
-        if (kept == trie_->Count(node) || trie_->Kept(node) == trie_->Count(node)) continue;
-        moved.nodes.push_back(node);
+        if (IsMoved(group[index], length)) nodes.push_back(group[index]);
     }
-    moved.too_many = moved.nodes.size() > kMostMoved;
-    if (moved.too_many) moved.nodes = {};
+    moved.Take(std::move(nodes));
     return moved;
 }
 
@@ -204,7 +201,6 @@ bool WordListView::Reordered(int length) {
 // A word's kept count changes only with its count: the occurrences that overlap lie inside a
 // stretch with the word's period, and whatever cuts that stretch cuts an occurrence of the word.
 void WordListView::UpdateMoved(const RepeatTrie::NodesByLength& changed) {
-    std::vector<std::int32_t> candidates;
     for (std::size_t length = 0; length < std::min(moved_.size(), changed.size()); ++length) {
         MovedWords& moved = moved_[length];
         if (!moved.known || changed[length].empty()) continue;
@@ -214,7 +210,7 @@ void WordListView::UpdateMoved(const RepeatTrie::NodesByLength& changed) {
             continue;
         }
         // A node may be listed twice, having gone and been taken for another word of the length.
-        candidates.clear();
+        std::vector<std::int32_t> candidates;
         auto take_moved = [&](const std::vector<std::int32_t>& nodes) {
             for (const std::int32_t node : nodes) {
                 if (IsMoved(node, static_cast<int>(length))) candidates.push_back(node);
@@ -224,8 +220,7 @@ void WordListView::UpdateMoved(const RepeatTrie::NodesByLength& changed) {
         take_moved(changed[length]);
         std::sort(candidates.begin(), candidates.end());
         candidates.erase(std::unique(candidates.begin(), candidates.end()), candidates.end());
-        moved.too_many = candidates.size() > kMostMoved;
-        moved.nodes = moved.too_many ? std::vector<std::int32_t>{} : candidates;
+        moved.Take(std::move(candidates));
     }
 }
 

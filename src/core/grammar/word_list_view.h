@@ -124,6 +124,11 @@ class WordListView {
         // More than a walk compares; the nodes are then not listed.
         bool too_many = false;
         std::vector<std::int32_t> nodes;
+
+        void Take(std::vector<std::int32_t>&& moved) {
+            too_many = moved.size() > kMostMoved;
+            nodes = too_many ? std::vector<std::int32_t>{} : std::move(moved);
+        }
     };
     // A word of the group that dropping the overlaps moved: its kept count is below its count.
     struct Moved {
