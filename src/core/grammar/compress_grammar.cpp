@@ -21,6 +21,9 @@ namespace tessarin {
 namespace {
 
 constexpr std::int32_t kUnlimited = 2147483647;  // the working length that means "longest possible"
+// The symbols of long words read, per symbol of the sequence, before a trie of every length is
+// built instead.
+constexpr std::int64_t kLongWordsReadPerSymbol = 8;
 
 std::string ProgressText(const std::string& label, std::int32_t length) {
     if (length == kUnlimited) return label + ": Find Words";
@@ -163,25 +166,53 @@ std::vector<Rule> PairPasses(std::vector<std::int32_t> symbols, std::span<const 
     return pairs.Rules();
 }
 
-// Maximum Gain's first passes take pairs that occur tens of thousands of times, and each cuts and
-// walks again nearly every path of the trie, down to thousands of symbols inside long repeats. While
-// the word taken would be a short one anyway, a trie of the short words does: the walk over the
-// whole list meets the longer groups first and passes each at its first word, as no longer word
-// overlaps itself, and then walks the short groups as the short list does; the word it takes
-// there wins as long as its gain beats the longer words' bound. The bound, read off the sequence,
-// holds for the rules that follow: their longer words and occurrences stand for words of the
-// sequence at least as long, at as many places, short words being all that the passes replace.
+// A trie of every length holds a long repeat of L symbols in L * L / 2 nodes (25 million for a
+// genome's), and Maximum Gain's passes cut and walk again its paths down to thousands of symbols
+// deep, pass after pass. Longest First and Maximum Gain keep a trie of the short words instead,
+// as deep as the longest word of the sequence that overlaps itself, and read the longer words
+// afresh where a pass may take one (LongWords). The walk over the whole list meets the longer
+// groups first and passes each at its first word, as no longer word overlaps itself, and then
+// walks the short groups as the short list does: Longest First takes the longest word while any
+// is left, and Maximum Gain the short list's word while its gain beats the longer words' bound.
+// The bound, read off the sequence and tightened as the longer words are read, holds for the
+// rules that follow: their longer words and occurrences stand for words of the rules before at
+// least as long, at as many places.
 std::optional<LongWordBound> BoundLongWordsOf(std::span<const std::int32_t> symbols, int alphabet_size,
                                               CompressProgress& shown, bool& cancelled) {
     // Shorter lengths leave the bound to the most frequent words instead of the long repeats. A
     // genome's tandem repeats make words of a hundred symbols and more overlap themselves (158 on
-    // E. coli 536); a trie that deep still walks a long repeat's paths a fraction as deep as the
-    // whole one does.
+    // E. coli 536); a trie that deep holds a long repeat in a fraction of the nodes.
     constexpr int kLeastShort = 12;
     constexpr int kMostShort = 256;
     const ProgressFn poll = [&shown](const std::string&, float) { return shown.Show(0); };
     ProgressMeter meter(poll, "", SuffixArrayUnits(symbols.size()) + static_cast<double>(symbols.size()));
     return BoundLongWords(symbols, alphabet_size + 1, kLeastShort, kMostShort, meter, cancelled);
+}
+
+// Reads the words longer than the view's depth where the pass may take one, into `picked`:
+// under Longest First while any is left, as the longest come first; under Maximum Gain where
+// `bound` does not rule them out against the short word's gain, the bound then tightened to what
+// was read. The symbols read are added to `read`. False when the user cancelled.
+bool PickLongWord(WordListView& list, Method method, std::int64_t short_gain, LongWordBound& bound,
+                  CompressProgress& shown, std::int64_t& read, std::optional<LongWords::Word>& picked) {
+    picked.reset();
+    constexpr std::int64_t kNone = std::numeric_limits<std::int64_t>::min();
+    if (bound.most_gain == kNone || (method == Method::kMaximumGain && short_gain > bound.most_gain)) return true;
+    const ProgressFn poll = [&shown](const std::string&, float) { return shown.Show(-1); };
+    ProgressMeter meter(poll, "", 1);
+    const std::optional<LongWords> words = list.ReadLongWords(meter);
+    if (!words) return false;
+    read += static_cast<std::int64_t>(words->Size());
+    if (method == Method::kLongestFirst) {
+        picked = words->Longest();
+        if (!picked) bound.most_gain = kNone;
+        return true;
+    }
+    std::int64_t gain = 0;
+    picked = words->MostGain(gain);
+    bound.most_gain = picked ? gain : kNone;
+    if (picked && (gain <= 0 || gain < short_gain)) picked.reset();
+    return true;
 }
 
 }  // namespace
@@ -196,14 +227,17 @@ GrammarResult CompressGrammar(CodedSequence coded, int alphabet_size, Method met
     // The engines take the symbols from index 0 on.
     if (!coded.empty()) coded.erase(coded.begin());
     std::int64_t size = static_cast<std::int64_t>(coded.size());
+    const std::int64_t sequence_length = size;
     if (progress(ProgressText(options.progress_label, length), 0)) {
         result.cancelled = true;
         return result;
     }
     CompressProgress shown(options.progress_label, method, length, progress);
     std::unique_ptr<WordListView> list;
-    // Set while Maximum Gain's passes look at the short words only.
+    // Set while the passes of Longest First and Maximum Gain look at the short words in the trie
+    // and read the longer ones afresh where a pass may take one.
     std::optional<LongWordBound> long_words;
+    std::int64_t long_words_read = 0;  // the symbols read for them so far
     if (length == 2) {
         std::vector<Rule> rules =
             PairPasses(std::move(coded), checked, alphabet_size, options, shown, code, size, result);
@@ -220,7 +254,7 @@ GrammarResult CompressGrammar(CodedSequence coded, int alphabet_size, Method met
         list = NewList(std::exchange(rules, {}), length, shown);
     } else {
         const Rule start_rule{0, std::move(coded)};
-        if (method == Method::kMaximumGain && !start_rule.symbols.empty()) {
+        if ((method == Method::kMaximumGain || method == Method::kLongestFirst) && !start_rule.symbols.empty()) {
             bool cancelled = false;
             long_words = BoundLongWordsOf(start_rule.symbols, alphabet_size, shown, cancelled);
             if (cancelled) {
@@ -242,17 +276,38 @@ GrammarResult CompressGrammar(CodedSequence coded, int alphabet_size, Method met
             result.cancelled = true;
             return result;
         }
-        const int chosen = list->LastLength() < 2 ? 0 : ChooseWord(*list, method);
-        // Where a longer word might gain as much, only the whole list can tell.
-        if (long_words &&
-            (chosen == 0 || Gain(list->At(chosen, WordListView::Rank::kUnneeded)) <= long_words->most_gain)) {
+        // Longest First takes a long word before any short one, so it looks at those first.
+        int chosen = 0;
+        std::optional<LongWords::Word> long_word;
+        if (long_words && method == Method::kLongestFirst &&
+            !PickLongWord(*list, method, 0, *long_words, shown, long_words_read, long_word)) {
+            result.cancelled = true;
+            return result;
+        }
+        if (!long_word) {
+            chosen = list->LastLength() < 2 ? 0 : ChooseWord(*list, method);
+            const std::int64_t gain = chosen == 0 ? 0 : Gain(list->At(chosen, WordListView::Rank::kUnneeded));
+            if (long_words && method == Method::kMaximumGain &&
+                !PickLongWord(*list, method, gain, *long_words, shown, long_words_read, long_word)) {
+                result.cancelled = true;
+                return result;
+            }
+        }
+        // Many long repeats, taken one by one, would read them over and over: a trie of all
+        // lengths does better once reading them has cost a few builds of one.
+        if (long_words && long_words_read > kLongWordsReadPerSymbol * sequence_length) {
             long_words.reset();
             continue;
         }
-        if (chosen == 0) break;
-        const WordListView::Entry word = list->At(chosen, WordListView::Rank::kUnneeded);
-        shown.Chosen(word.length, word.count);
-        size += list->AddRule(chosen, ++code);
+        if (long_word) {
+            shown.Chosen(long_word->length, long_word->Count());
+            size += list->AddRule(*long_word, ++code);
+        } else {
+            if (chosen == 0) break;
+            const WordListView::Entry word = list->At(chosen, WordListView::Rank::kUnneeded);
+            shown.Chosen(word.length, word.count);
+            size += list->AddRule(chosen, ++code);
+        }
         result.pass_sizes.push_back(size);
         if (options.on_pass) options.on_pass(size);
         if (options.check_each_pass && !VerifyGrammar(list->Rules(), checked, alphabet_size)) {

@@ -41,6 +41,14 @@ int RepeatTrie::GroupSize(int length) const {
     return static_cast<std::size_t>(length) < groups_.size() ? static_cast<int>(groups_[length].size()) : 0;
 }
 
+void RepeatTrie::SlotsEndingAt(int depth, std::vector<std::int32_t>& slots) const {
+    if (static_cast<std::size_t>(depth) >= groups_.size()) return;
+    for (const std::int32_t node : groups_[depth]) {
+        for (std::int32_t slot = nodes_[node].first_slot; slot >= 0; slot = slots_[slot].next_at_node)
+            slots.push_back(slot);
+    }
+}
+
 RepeatTrie::CountRange RepeatTrie::GroupCountRange(int length) {
     if (GroupSize(length) == 0) return {};
     GroupCounts& counts = group_counts_[length];

@@ -56,6 +56,10 @@ class RepeatTrie {
     int Depth(std::int32_t node) const { return nodes_[node].depth; }
     std::int32_t Parent(std::int32_t node) const { return nodes_[node].parent; }
     std::int32_t Symbol(std::int32_t node) const { return nodes_[node].symbol; }
+    // The node where the slot's path ends.
+    std::int32_t PathEnd(std::int32_t slot) const { return slots_[slot].path_end; }
+    // Appends the slots whose paths end at the nodes of `depth`.
+    void SlotsEndingAt(int depth, std::vector<std::int32_t>& slots) const;
     // Its place in Group(Depth(node)), or -1 while the word does not repeat.
     std::int32_t GroupIndex(std::int32_t node) const { return nodes_[node].group_index; }
     // The words one symbol longer that repeat: from the first child, each to the next; -1 ends.

@@ -806,7 +806,20 @@ std::int64_t WordListView::AddRule(int position, std::int32_t code) {
         std::vector<std::int32_t> ends;
         trie_->KeptOccurrences(NodeAt(place.length, place.offset, Rank::kUnneeded).first, starts, ends);
     }
-    if (trie_->Replace(starts, place.length, code)) {
+    return Replace(starts, place.length, code);
+}
+
+std::optional<LongWords> WordListView::ReadLongWords(ProgressMeter& meter) {
+    return LongWords::Read(
+        *trie_, [this](std::int32_t a, std::int32_t b) { return SearchBefore(a, b); }, meter);
+}
+
+std::int64_t WordListView::AddRule(const LongWords::Word& word, std::int32_t code) {
+    return Replace(word.starts, word.length, code);
+}
+
+std::int64_t WordListView::Replace(const std::vector<std::int32_t>& starts, int length, std::int32_t code) {
+    if (trie_->Replace(starts, length, code)) {
         NoteChanges();
     } else {
         Rebuild();
@@ -814,7 +827,7 @@ std::int64_t WordListView::AddRule(int position, std::int32_t code) {
     extensions_.clear();
     cursor_ = GroupCursor{};
     ++generation_;
-    return place.length - static_cast<std::int64_t>(starts.size()) * (place.length - 1);
+    return length - static_cast<std::int64_t>(starts.size()) * (length - 1);
 }
 
 }  // namespace tessarin

@@ -10,6 +10,7 @@
 
 #include "grammar/grammar.h"
 #include "grammar/key_index.h"
+#include "grammar/long_words.h"
 #include "grammar/pair_ranking.h"
 #include "grammar/repeat_trie.h"
 
@@ -57,6 +58,12 @@ class WordListView {
     // Makes the word at `position` (2 or more symbols) the rule with `code`: its kept
     // occurrences are replaced and the rule appended. Answers the change of K_G.
     std::int64_t AddRule(int position, std::int32_t code);
+
+    // The repeated words longer than the view's depth, as the rules stand until the next rule;
+    // nothing once the meter answers that the user cancelled.
+    std::optional<LongWords> ReadLongWords(ProgressMeter& meter);
+    // Makes the long word the rule with `code`, as AddRule does.
+    std::int64_t AddRule(const LongWords::Word& word, std::int32_t code);
 
   private:
     // A length group found by carrying the list on, outside the trie.
@@ -206,6 +213,8 @@ class WordListView {
     static void FileMoved(KeyedCopy& copy, std::size_t index);
     enum class Prefixes { kUnneeded, kWanted };
     std::vector<Keyed>& KeptGroup(int length, Prefixes prefixes = Prefixes::kUnneeded);
+    // Replaces the occurrences of a word of `length` symbols at `starts` by `code`; answers the change of K_G.
+    std::int64_t Replace(const std::vector<std::int32_t>& starts, int length, std::int32_t code);
     // Takes in the words whose counts the last build or rule changed.
     void NoteChanges();
     // Marks the copies of the word and of the longer words that copy its count to be read again.
