@@ -87,12 +87,14 @@ class CompressProgress {
 };
 
 // A trie over the rules as they stand, its build and its later passes polled through `progress`;
-// `longest_overlapping` as the trie's.
+// `longest_overlapping` and `suffixes` as the trie's.
 std::unique_ptr<WordListView> NewList(std::span<const Rule> rules, std::int32_t length, CompressProgress& progress,
-                                      int longest_overlapping = std::numeric_limits<int>::max()) {
+                                      int longest_overlapping = std::numeric_limits<int>::max(),
+                                      std::optional<SuffixArray> suffixes = std::nullopt) {
     progress.NewTrie();
     return std::make_unique<WordListView>(
-        rules, length, [&progress](double scanned) { return progress.Show(scanned); }, longest_overlapping);
+        rules, length, [&progress](double scanned) { return progress.Show(scanned); }, longest_overlapping,
+        std::move(suffixes));
 }
 
 // The view indexes words up to the working length (all lengths once it is unlimited); a longer
@@ -178,7 +180,8 @@ std::vector<Rule> PairPasses(std::vector<std::int32_t> symbols, std::span<const 
 // rules that follow: their longer words and occurrences stand for words of the rules before at
 // least as long, at as many places.
 std::optional<LongWordBound> BoundLongWordsOf(std::span<const std::int32_t> symbols, int alphabet_size,
-                                              CompressProgress& shown, bool& cancelled) {
+                                              CompressProgress& shown, bool& cancelled,
+                                              std::optional<SuffixArray>& suffixes) {
     // Shorter lengths leave the bound to the most frequent words instead of the long repeats. A
     // genome's tandem repeats make words of a hundred symbols and more overlap themselves (158 on
     // E. coli 536); a trie that deep holds a long repeat in a fraction of the nodes.
@@ -186,7 +189,7 @@ std::optional<LongWordBound> BoundLongWordsOf(std::span<const std::int32_t> symb
     constexpr int kMostShort = 256;
     const ProgressFn poll = [&shown](const std::string&, float) { return shown.Show(0); };
     ProgressMeter meter(poll, "", SuffixArrayUnits(symbols.size()) + static_cast<double>(symbols.size()));
-    return BoundLongWords(symbols, alphabet_size + 1, kLeastShort, kMostShort, meter, cancelled);
+    return BoundLongWords(symbols, alphabet_size + 1, kLeastShort, kMostShort, meter, cancelled, suffixes);
 }
 
 // Reads the words longer than the view's depth where the pass may take one, into `picked`:
@@ -254,9 +257,11 @@ GrammarResult CompressGrammar(CodedSequence coded, int alphabet_size, Method met
         list = NewList(std::exchange(rules, {}), length, shown);
     } else {
         const Rule start_rule{0, std::move(coded)};
+        // The bound's suffix array is the trie's too.
+        std::optional<SuffixArray> suffixes;
         if ((method == Method::kMaximumGain || method == Method::kLongestFirst) && !start_rule.symbols.empty()) {
             bool cancelled = false;
-            long_words = BoundLongWordsOf(start_rule.symbols, alphabet_size, shown, cancelled);
+            long_words = BoundLongWordsOf(start_rule.symbols, alphabet_size, shown, cancelled, suffixes);
             if (cancelled) {
                 result.cancelled = true;
                 return result;
@@ -265,9 +270,10 @@ GrammarResult CompressGrammar(CodedSequence coded, int alphabet_size, Method met
         if (long_words) {
             // No longer word overlaps itself in the sequence, nor in the rules that stand for it.
             list = NewList(std::span<const Rule>(&start_rule, 1), long_words->short_length, shown,
-                           long_words->short_length);
+                           long_words->short_length, std::move(suffixes));
         } else {
-            list = NewList(std::span<const Rule>(&start_rule, 1), length, shown);
+            list = NewList(std::span<const Rule>(&start_rule, 1), length, shown, std::numeric_limits<int>::max(),
+                           std::move(suffixes));
         }
     }
     for (;;) {

@@ -17,8 +17,10 @@ constexpr std::int64_t kStartsPerSymbol = 8;
 }  // namespace
 
 std::optional<LongWordBound> BoundLongWords(std::span<const std::int32_t> symbols, std::int32_t alphabet_size,
-                                            int least_short, int most_short, ProgressMeter& meter, bool& cancelled) {
+                                            int least_short, int most_short, ProgressMeter& meter, bool& cancelled,
+                                            std::optional<SuffixArray>& suffixes) {
     cancelled = false;
+    suffixes.reset();
     // A run of one symbol overlaps itself in every word of it but the longest, and a long one
     // needs no suffix array to tell.
     int run = 0;
@@ -26,7 +28,7 @@ std::optional<LongWordBound> BoundLongWords(std::span<const std::int32_t> symbol
         run = i > 0 && symbols[i] == symbols[i - 1] ? run + 1 : 1;
         if (run - 1 > most_short) return std::nullopt;
     }
-    std::optional<SuffixArray> suffixes = BuildSuffixArray(symbols, alphabet_size, meter);
+    suffixes = BuildSuffixArray(symbols, alphabet_size, meter);
     std::optional<RepeatTree> tree = suffixes ? RepeatTree::Build(*suffixes, meter) : std::nullopt;
     if (!tree) {
         cancelled = true;

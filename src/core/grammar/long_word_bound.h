@@ -6,6 +6,7 @@
 #include <span>
 
 #include "subwords/progress_meter.h"
+#include "subwords/suffix_array.h"
 
 namespace tessarin {
 
@@ -22,8 +23,10 @@ struct LongWordBound {
 // short length the least from `least_short` up at which no longer word occurs twice with the two
 // occurrences overlapping. Nothing when that length would exceed `most_short`, when finding it
 // would cost more than a few passes over the sequence (long runs of one symbol), or when the
-// meter answers that the user cancelled (then `cancelled` is set).
+// meter answers that the user cancelled (then `cancelled` is set). The suffix array it sorts, if
+// any, is left in `suffixes`, for a trie of the same symbols to be built from.
 std::optional<LongWordBound> BoundLongWords(std::span<const std::int32_t> symbols, std::int32_t alphabet_size,
-                                            int least_short, int most_short, ProgressMeter& meter, bool& cancelled);
+                                            int least_short, int most_short, ProgressMeter& meter, bool& cancelled,
+                                            std::optional<SuffixArray>& suffixes);
 
 }  // namespace tessarin

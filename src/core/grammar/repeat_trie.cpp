@@ -17,7 +17,8 @@ void ListByLength(RepeatTrie::NodesByLength& lists, int length, std::int32_t nod
 
 }  // namespace
 
-RepeatTrie::RepeatTrie(std::span<const Rule> rules, int max_depth, Poll poll, int longest_overlapping)
+RepeatTrie::RepeatTrie(std::span<const Rule> rules, int max_depth, Poll poll, int longest_overlapping,
+                       std::optional<SuffixArray> suffixes)
     : text_(rules), max_depth_(max_depth), longest_overlapping_(longest_overlapping), poll_(std::move(poll)) {
     const std::int32_t slots = text_.SlotCount();
     // Almost every slot ends its path in a leaf of the child table, and the words that repeat add
@@ -27,7 +28,7 @@ RepeatTrie::RepeatTrie(std::span<const Rule> rules, int max_depth, Poll poll, in
     stretch_tops_.push_back(-1);
     FitSlotStates();
     scanned_ = 0;
-    AttachBySuffixes();
+    AttachBySuffixes(std::move(suffixes));
     scanned_ = -1;
 }
 

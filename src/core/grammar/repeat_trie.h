@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <functional>
 #include <limits>
+#include <optional>
 #include <span>
 #include <unordered_map>
 #include <utility>
@@ -12,6 +13,7 @@
 #include "common/remapped_array.h"
 #include "grammar/grammar.h"
 #include "grammar/linked_rules.h"
+#include "subwords/suffix_array.h"
 
 namespace tessarin {
 
@@ -29,8 +31,10 @@ class RepeatTrie {
 
     // No word of more than `longest_overlapping` symbols has two occurrences that overlap, as the
     // caller may know from the sequence the rules stand for: such words keep every occurrence.
+    // `suffixes`, where the caller has them, are the sorted suffixes of the symbols of the one rule.
     RepeatTrie(std::span<const Rule> rules, int max_depth, Poll poll = {},
-               int longest_overlapping = std::numeric_limits<int>::max());
+               int longest_overlapping = std::numeric_limits<int>::max(),
+               std::optional<SuffixArray> suffixes = std::nullopt);
 
     int max_depth() const { return max_depth_; }
     // The poll answered true: the trie is left half built or half updated and must be dropped.
@@ -205,7 +209,7 @@ class RepeatTrie {
     // Files the leaf of `slot`, whose word is that of `node` continued by `symbol`.
     void InsertLeaf(std::int32_t node, std::int32_t symbol, std::int32_t slot);
     // Attaches every slot of the rules the trie starts from, from their sorted suffixes.
-    void AttachBySuffixes();
+    void AttachBySuffixes(std::optional<SuffixArray> suffixes);
     // Attaches the slots from `first` up to (not including) `last`, fresh slots of whole rules,
     // walking each run of one symbol as one.
     void AttachSlots(std::int32_t first, std::int32_t last);

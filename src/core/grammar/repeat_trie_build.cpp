@@ -68,14 +68,14 @@ JoinedRules JoinRules(const LinkedRules& text) {
 // a common prefix grows past it and closes where it falls below, its count being the suffixes in
 // between. The nodes of one subtree then lie together in memory, and no slot's path is walked
 // through the child table, as adding the slots one by one would.
-void RepeatTrie::AttachBySuffixes() {
+void RepeatTrie::AttachBySuffixes(std::optional<SuffixArray> suffixes) {
     JoinedRules joined = JoinRules(text_);
     const ProgressFn sort_poll = [this](const std::string&, float sorted) {
         scanned_ = kSortShare * sorted;
         return poll_ && poll_(scanned_);
     };
     ProgressMeter meter(sort_poll, "", SuffixArrayUnits(joined.symbols.size()));
-    const std::optional<SuffixArray> suffixes = BuildSuffixArray(joined.symbols, joined.alphabet_size, meter);
+    if (!suffixes) suffixes = BuildSuffixArray(joined.symbols, joined.alphabet_size, meter);
     if (!suffixes) {
         stopped_ = true;
         return;

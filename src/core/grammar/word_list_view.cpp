@@ -40,8 +40,9 @@ void PlaceNth(std::vector<Place>& places, std::size_t k, Before before) {
 
 }  // namespace
 
-WordListView::WordListView(std::span<const Rule> rules, int max_depth, RepeatTrie::Poll poll, int longest_overlapping)
-    : poll_(std::move(poll)), trie_(std::in_place, rules, max_depth, poll_, longest_overlapping) {
+WordListView::WordListView(std::span<const Rule> rules, int max_depth, RepeatTrie::Poll poll, int longest_overlapping,
+                           std::optional<SuffixArray> suffixes)
+    : poll_(std::move(poll)), trie_(std::in_place, rules, max_depth, poll_, longest_overlapping, std::move(suffixes)) {
     RankPairsOfBuild();
 }
 

@@ -61,8 +61,9 @@ TEST(LongWordBoundTest, MatchesTheWordsOfTheTextCountedOneByOne) {
             SCOPED_TRACE(testing::Message() << "round " << round << ", most short " << most_short);
             ProgressMeter meter(none, "", 1);
             bool cancelled = true;
+            std::optional<SuffixArray> suffixes;
             const std::optional<LongWordBound> bound =
-                BoundLongWords(text, 4, least_short, most_short, meter, cancelled);
+                BoundLongWords(text, 4, least_short, most_short, meter, cancelled, suffixes);
             EXPECT_FALSE(cancelled);
             if (most_short < short_length) {
                 EXPECT_FALSE(bound.has_value());
