@@ -182,14 +182,9 @@ std::vector<Rule> PairPasses(std::vector<std::int32_t> symbols, std::span<const 
 std::optional<LongWordBound> BoundLongWordsOf(std::span<const std::int32_t> symbols, int alphabet_size,
                                               CompressProgress& shown, bool& cancelled,
                                               std::optional<SuffixArray>& suffixes) {
-    // Shorter lengths leave the bound to the most frequent words instead of the long repeats. A
-    // genome's tandem repeats make words of a hundred symbols and more overlap themselves (158 on
-    // E. coli 536); a trie that deep holds a long repeat in a fraction of the nodes.
-    constexpr int kLeastShort = 12;
-    constexpr int kMostShort = 256;
     const ProgressFn poll = [&shown](const std::string&, float) { return shown.Show(0); };
     ProgressMeter meter(poll, "", SuffixArrayUnits(symbols.size()) + static_cast<double>(symbols.size()));
-    return BoundLongWords(symbols, alphabet_size + 1, kLeastShort, kMostShort, meter, cancelled, suffixes);
+    return BoundLongWords(symbols, alphabet_size + 1, kLeastShortLength, kMostShortLength, meter, cancelled, suffixes);
 }
 
 // Reads the words longer than the view's depth where the pass may take one, into `picked`:
@@ -313,6 +308,9 @@ GrammarResult CompressGrammar(CodedSequence coded, int alphabet_size, Method met
             const WordListView::Entry word = list->At(chosen, WordListView::Rank::kUnneeded);
             shown.Chosen(word.length, word.count);
             size += list->AddRule(chosen, ++code);
+        }
+        if (long_words) {
+            if (std::optional<LongWordBound> rebuilt = list->TakeRebuiltBound()) long_words = rebuilt;
         }
         result.pass_sizes.push_back(size);
         if (options.on_pass) options.on_pass(size);

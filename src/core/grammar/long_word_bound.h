@@ -19,6 +19,13 @@ struct LongWordBound {
     std::int64_t most_gain = std::numeric_limits<std::int64_t>::min();
 };
 
+// The short lengths that BoundLongWords may take. Shorter ones would leave the bound to the most
+// frequent words instead of the long repeats. A genome's tandem repeats make words of a hundred
+// symbols and more overlap themselves (158 on E. coli 536); a trie that deep holds a long repeat in
+// a fraction of the nodes.
+inline constexpr int kLeastShortLength = 12;
+inline constexpr int kMostShortLength = 256;
+
 // Reads the bound off the suffix array of `symbols` (values 1..alphabet_size - 1), taking as
 // short length the least from `least_short` up at which no longer word occurs twice with the two
 // occurrences overlapping. Nothing when that length would exceed `most_short`, when finding it

@@ -28,7 +28,7 @@ RepeatTrie::RepeatTrie(std::span<const Rule> rules, int max_depth, Poll poll, in
     stretch_tops_.push_back(-1);
     FitSlotStates();
     scanned_ = 0;
-    AttachBySuffixes(std::move(suffixes));
+    AttachBySuffixes(rules, std::move(suffixes));
     scanned_ = -1;
 }
 

@@ -31,7 +31,7 @@ class RepeatTrie {
 
     // No word of more than `longest_overlapping` symbols has two occurrences that overlap, as the
     // caller may know from the sequence the rules stand for: such words keep every occurrence.
-    // `suffixes`, where the caller has them, are the sorted suffixes of the symbols of the one rule.
+    // `suffixes`, where the caller has them, are the sorted suffixes of JoinRules(rules).
     RepeatTrie(std::span<const Rule> rules, int max_depth, Poll poll = {},
                int longest_overlapping = std::numeric_limits<int>::max(),
                std::optional<SuffixArray> suffixes = std::nullopt);
@@ -208,8 +208,9 @@ class RepeatTrie {
     std::int32_t FindChild(std::int32_t node, std::int32_t symbol) const;
     // Files the leaf of `slot`, whose word is that of `node` continued by `symbol`.
     void InsertLeaf(std::int32_t node, std::int32_t symbol, std::int32_t slot);
-    // Attaches every slot of the rules the trie starts from, from their sorted suffixes.
-    void AttachBySuffixes(std::optional<SuffixArray> suffixes);
+    // Attaches every slot of the rules the trie starts from, from their sorted suffixes (those of
+    // JoinRules(rules), sorted here unless given).
+    void AttachBySuffixes(std::span<const Rule> rules, std::optional<SuffixArray> suffixes);
     // Attaches the slots from `first` up to (not including) `last`, fresh slots of whole rules,
     // walking each run of one symbol as one.
     void AttachSlots(std::int32_t first, std::int32_t last);

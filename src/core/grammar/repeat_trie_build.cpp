@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "grammar/joined_rules.h"
 #include "grammar/repeat_trie.h"
 #include "subwords/suffix_array.h"
 
@@ -15,52 +16,6 @@ namespace {
 // The share of the build's progress that sorting the suffixes takes.
 constexpr double kSortShare = 0.3;
 
-// The rules one after another, each followed by a symbol found in none of them, so that no common
-// prefix of two suffixes runs from one rule into the next.
-struct JoinedRules {
-    std::vector<std::int32_t> symbols;
-    std::vector<std::int32_t> separators;  // their places, in increasing order
-    std::int32_t length = 0;               // kept when the symbols are let go
-    std::int32_t alphabet_size = 0;
-
-    // The slot at a place that is no separator: rules' slots are numbered on without them.
-    std::int32_t SlotAt(std::int32_t place) const { return place - SeparatorsBefore(place); }
-    // The symbols from the place to the end of its rule.
-    std::int32_t RestOfRule(std::int32_t place) const {
-        const std::int32_t before = SeparatorsBefore(place);
-        const auto size = static_cast<std::int32_t>(separators.size());
-        const std::int32_t end = before < size ? separators[before] : length;
-        return end - place;
-    }
-
-  private:
-    std::int32_t SeparatorsBefore(std::int32_t place) const {
-        return static_cast<std::int32_t>(std::lower_bound(separators.begin(), separators.end(), place) -
-                                         separators.begin());
-    }
-};
-
-JoinedRules JoinRules(const LinkedRules& text) {
-    JoinedRules joined;
-    const std::int32_t slots = text.SlotCount();
-    std::int32_t largest = 0;
-    for (std::int32_t slot = 0; slot < slots; ++slot) {
-        largest = std::max(largest, text.Symbol(slot));
-    }
-    const std::int32_t separator = largest + 1;
-    joined.alphabet_size = separator + 1;
-    joined.symbols.reserve(static_cast<std::size_t>(slots) + 1);
-    for (std::int32_t slot = 0; slot < slots; ++slot) {
-        if (slot > 0 && text.Prev(slot) < 0) {
-            joined.separators.push_back(static_cast<std::int32_t>(joined.symbols.size()));
-            joined.symbols.push_back(separator);
-        }
-        joined.symbols.push_back(text.Symbol(slot));
-    }
-    joined.length = static_cast<std::int32_t>(joined.symbols.size());
-    return joined;
-}
-
 }  // namespace
 
 // The words that repeat are the common prefixes of suffixes next to each other in sorted order,
@@ -68,8 +23,8 @@ JoinedRules JoinRules(const LinkedRules& text) {
 // a common prefix grows past it and closes where it falls below, its count being the suffixes in
 // between. The nodes of one subtree then lie together in memory, and no slot's path is walked
 // through the child table, as adding the slots one by one would.
-void RepeatTrie::AttachBySuffixes(std::optional<SuffixArray> suffixes) {
-    JoinedRules joined = JoinRules(text_);
+void RepeatTrie::AttachBySuffixes(std::span<const Rule> rules, std::optional<SuffixArray> suffixes) {
+    JoinedRules joined = JoinRules(rules);
     const ProgressFn sort_poll = [this](const std::string&, float sorted) {
         scanned_ = kSortShare * sorted;
         return poll_ && poll_(scanned_);

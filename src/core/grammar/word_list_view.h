@@ -10,6 +10,7 @@
 
 #include "grammar/grammar.h"
 #include "grammar/key_index.h"
+#include "grammar/long_word_bound.h"
 #include "grammar/long_words.h"
 #include "grammar/pair_ranking.h"
 #include "grammar/repeat_trie.h"
@@ -40,7 +41,7 @@ class WordListView {
     int max_depth() const { return trie_->max_depth(); }
     int longest_overlapping() const { return trie_->longest_overlapping(); }
     // The poll answered true during the build or a rule's replacements: the view must be dropped.
-    bool stopped() const { return trie_->stopped(); }
+    bool stopped() const { return cancelled_ || trie_->stopped(); }
     std::vector<Rule> Rules() const { return trie_->text().ToRules(); }
 
     // The list as a fresh search up to `max_length` (at most the depth) leaves it.
@@ -66,6 +67,10 @@ class WordListView {
     std::optional<LongWords> ReadLongWords(ProgressMeter& meter);
     // Makes the long word the rule with `code`, as AddRule does.
     std::int64_t AddRule(const LongWords::Word& word, std::int32_t code);
+    // A trie cut at the longest word that overlaps itself is cut again, when it is rebuilt, where
+    // that word ends in the rules as they then stand. After the rule whose replacement rebuilt it,
+    // this answers once the bound on the words longer than the new cut.
+    std::optional<LongWordBound> TakeRebuiltBound() { return std::exchange(rebuilt_bound_, std::nullopt); }
 
   private:
     // A length group found by carrying the list on, outside the trie.
@@ -248,8 +253,18 @@ class WordListView {
     // Builds the trie afresh from its text, which a replacement changed alone, and forgets what was
     // worked out from the old one.
     void Rebuild();
+    // Whether the trie is cut at the longest word that overlaps itself, above the least cut: a
+    // rebuild may then cut it shallower.
+    bool CutAtOverlaps() const { return max_depth() == longest_overlapping() && max_depth() > kLeastShortLength; }
+    // Whether a rebuild would pay for itself by cutting the trie shallower.
+    bool WorthCuttingAgain() const;
 
     RepeatTrie::Poll poll_;
+    bool cancelled_ = false;  // while the bound of a rebuild was read
+    // The symbols of the rules now and at the last build.
+    std::int64_t symbols_ = 0;
+    std::int64_t built_symbols_ = 0;
+    std::optional<LongWordBound> rebuilt_bound_;
     // Held apart so that a rebuild lets the old trie go before it builds the new one.
     std::optional<RepeatTrie> trie_;
     PairRanking pairs_;

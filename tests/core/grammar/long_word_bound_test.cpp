@@ -5,22 +5,50 @@
 #include <algorithm>
 #include <limits>
 #include <map>
+#include <utility>
 #include <vector>
 
+#include "grammar/joined_rules.h"
 #include "session/random_generator.h"
 
 namespace tessarin {
 namespace {
 
-// Every word of the text with its starts, the literal way.
-std::map<std::vector<std::int32_t>, std::vector<int>> AllWords(const std::vector<std::int32_t>& text) {
-    std::map<std::vector<std::int32_t>, std::vector<int>> words;
-    for (std::size_t start = 0; start < text.size(); ++start) {
-        for (std::size_t end = start + 1; end <= text.size(); ++end)
-            words[std::vector<std::int32_t>(text.begin() + start, text.begin() + end)].push_back(
-                static_cast<int>(start));
+// The short length and the bound counted the literal way: every word of each text with its starts.
+LongWordBound CountedOneByOne(const std::vector<std::vector<std::int32_t>>& texts, int least_short) {
+    std::map<std::vector<std::int32_t>, std::vector<std::pair<std::size_t, int>>> words;  // (text, start)
+    for (std::size_t t = 0; t < texts.size(); ++t) {
+        const std::vector<std::int32_t>& text = texts[t];
+        for (std::size_t start = 0; start < text.size(); ++start) {
+            for (std::size_t end = start + 1; end <= text.size(); ++end)
+                words[std::vector<std::int32_t>(text.begin() + start, text.begin() + end)].emplace_back(
+                    t, static_cast<int>(start));
+        }
     }
-    return words;
+    int overlapping = 0;
+    for (const auto& [word, starts] : words) {
+        for (std::size_t k = 1; k < starts.size(); ++k) {
+            if (starts[k].first == starts[k - 1].first &&
+                starts[k].second - starts[k - 1].second < static_cast<int>(word.size()))
+                overlapping = std::max(overlapping, static_cast<int>(word.size()));
+        }
+    }
+    LongWordBound bound;
+    bound.short_length = std::max(least_short, overlapping);
+    for (const auto& [word, starts] : words) {
+        const auto length = static_cast<std::int64_t>(word.size());
+        if (length > bound.short_length && starts.size() >= 2)
+            bound.most_gain =
+                std::max(bound.most_gain, (length - 1) * static_cast<std::int64_t>(starts.size() - 1) - 1);
+    }
+    return bound;
+}
+
+std::vector<std::int32_t> RandomText(RandomGenerator& random, int least_length) {
+    std::vector<std::int32_t> text(static_cast<std::size_t>(least_length + random.Index(50)));
+    for (std::int32_t& symbol : text)
+        symbol = random.Index(3);
+    return text;
 }
 
 // Random texts over three letters, some with a planted copy or a run, against a count of every word.
@@ -28,9 +56,7 @@ TEST(LongWordBoundTest, MatchesTheWordsOfTheTextCountedOneByOne) {
     RandomGenerator random(2027);
     const ProgressFn none = NoProgress;
     for (int round = 0; round < 300; ++round) {
-        std::vector<std::int32_t> text(static_cast<std::size_t>(10 + random.Index(50)));
-        for (std::int32_t& symbol : text)
-            symbol = random.Index(3);
+        std::vector<std::int32_t> text = RandomText(random, 10);
         if (round % 3 == 1) {
             const int length = random.Index(12);
             const auto from = static_cast<std::size_t>(random.Index(static_cast<int>(text.size()) - length) - 1);
@@ -41,23 +67,9 @@ TEST(LongWordBoundTest, MatchesTheWordsOfTheTextCountedOneByOne) {
                         static_cast<std::size_t>(random.Index(10)), 1);
         }
         const int least_short = random.Index(4);
-        const auto words = AllWords(text);
-        int overlapping = 0;
-        for (const auto& [word, starts] : words) {
-            for (std::size_t k = 1; k < starts.size(); ++k) {
-                if (starts[k] - starts[k - 1] < static_cast<int>(word.size()))
-                    overlapping = std::max(overlapping, static_cast<int>(word.size()));
-            }
-        }
-        const int short_length = std::max(least_short, overlapping);
-        std::int64_t most_gain = std::numeric_limits<std::int64_t>::min();
-        for (const auto& [word, starts] : words) {
-            const auto length = static_cast<std::int64_t>(word.size());
-            if (length > short_length && starts.size() >= 2)
-                most_gain = std::max(most_gain, (length - 1) * static_cast<std::int64_t>(starts.size() - 1) - 1);
-        }
+        const LongWordBound expected = CountedOneByOne({text}, least_short);
 
-        for (const int most_short : {short_length, short_length - 1}) {
+        for (const int most_short : {expected.short_length, expected.short_length - 1}) {
             SCOPED_TRACE(testing::Message() << "round " << round << ", most short " << most_short);
             ProgressMeter meter(none, "", 1);
             bool cancelled = true;
@@ -65,14 +77,46 @@ TEST(LongWordBoundTest, MatchesTheWordsOfTheTextCountedOneByOne) {
             const std::optional<LongWordBound> bound =
                 BoundLongWords(text, 4, least_short, most_short, meter, cancelled, suffixes);
             EXPECT_FALSE(cancelled);
-            if (most_short < short_length) {
+            if (most_short < expected.short_length) {
                 EXPECT_FALSE(bound.has_value());
                 continue;
             }
             ASSERT_TRUE(bound.has_value());
-            EXPECT_EQ(bound->short_length, short_length);
-            EXPECT_EQ(bound->most_gain, most_gain);
+            EXPECT_EQ(bound->short_length, expected.short_length);
+            EXPECT_EQ(bound->most_gain, expected.most_gain);
         }
+    }
+}
+
+// A rebuilt trie is cut where the bound over its rules joined says: no word may run from one rule
+// into the next, nor overlap an occurrence in another rule.
+TEST(LongWordBoundTest, ReadsJoinedRulesAsTextsApart) {
+    RandomGenerator random(2028);
+    const ProgressFn none = NoProgress;
+    for (int round = 0; round < 200; ++round) {
+        std::vector<Rule> rules(static_cast<std::size_t>(random.Index(4)));
+        std::vector<std::vector<std::int32_t>> texts;
+        for (Rule& rule : rules) {
+            rule.symbols = RandomText(random, 1);
+            texts.push_back(rule.symbols);
+        }
+        // Rule 0 again at the start of rule 1: a long word repeated in two rules.
+        if (rules.size() >= 2) {
+            rules[1].symbols.insert(rules[1].symbols.begin(), rules[0].symbols.begin(), rules[0].symbols.end());
+            texts[1] = rules[1].symbols;
+        }
+        const int least_short = random.Index(4);
+        SCOPED_TRACE(testing::Message() << "round " << round);
+        const JoinedRules joined = JoinRules(rules);
+        ProgressMeter meter(none, "", 1);
+        bool cancelled = true;
+        std::optional<SuffixArray> suffixes;
+        const std::optional<LongWordBound> bound =
+            BoundLongWords(joined.symbols, joined.alphabet_size, least_short, 1000, meter, cancelled, suffixes);
+        ASSERT_TRUE(bound.has_value());
+        const LongWordBound expected = CountedOneByOne(texts, least_short);
+        EXPECT_EQ(bound->short_length, expected.short_length);
+        EXPECT_EQ(bound->most_gain, expected.most_gain);
     }
 }
 
