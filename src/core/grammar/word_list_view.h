@@ -254,8 +254,12 @@ class WordListView {
     // worked out from the old one.
     void Rebuild();
     // Whether the trie is cut at the longest word that overlaps itself, above the least cut: a
-    // rebuild may then cut it shallower.
-    bool CutAtOverlaps() const { return max_depth() == longest_overlapping() && max_depth() > kLeastShortLength; }
+    // rebuild may then cut it shallower. A trie of every length is never cut, though the largest
+    // number stands both for every length and for an overlap not known.
+    bool CutAtOverlaps() const {
+        return max_depth() == longest_overlapping() && max_depth() != std::numeric_limits<int>::max() &&
+               max_depth() > kLeastShortLength;
+    }
     // Whether a rebuild would pay for itself by cutting the trie shallower.
     bool WorthCuttingAgain() const;
 
