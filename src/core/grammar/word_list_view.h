@@ -264,7 +264,7 @@ class WordListView {
     bool WorthCuttingAgain() const;
 
     RepeatTrie::Poll poll_;
-    bool cancelled_ = false;  // while the bound of a rebuild was read
+    bool cancelled_ = false;  // the user cancelled while the bound of a rebuild was read
     // The symbols of the rules now and at the last build.
     std::int64_t symbols_ = 0;
     std::int64_t built_symbols_ = 0;
