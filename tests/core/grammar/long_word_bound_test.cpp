@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <limits>
 #include <map>
 #include <utility>
 #include <vector>
@@ -95,16 +94,14 @@ TEST(LongWordBoundTest, ReadsJoinedRulesAsTextsApart) {
     const ProgressFn none = NoProgress;
     for (int round = 0; round < 200; ++round) {
         std::vector<Rule> rules(static_cast<std::size_t>(random.Index(4)));
-        std::vector<std::vector<std::int32_t>> texts;
-        for (Rule& rule : rules) {
+        for (Rule& rule : rules)
             rule.symbols = RandomText(random, 1);
-            texts.push_back(rule.symbols);
-        }
         // Rule 0 again at the start of rule 1: a long word repeated in two rules.
-        if (rules.size() >= 2) {
+        if (rules.size() >= 2)
             rules[1].symbols.insert(rules[1].symbols.begin(), rules[0].symbols.begin(), rules[0].symbols.end());
-            texts[1] = rules[1].symbols;
-        }
+        std::vector<std::vector<std::int32_t>> texts;
+        for (const Rule& rule : rules)
+            texts.push_back(rule.symbols);
         const int least_short = random.Index(4);
         SCOPED_TRACE(testing::Message() << "round " << round);
         const JoinedRules joined = JoinRules(rules);
