@@ -139,17 +139,27 @@ TEST_P(CompressGrammarDifferentialTest, BuildsTheSameGrammarAsTheReference) {
     }
 }
 
+// The literal reference lists every repeated word of a long repeat with its places, which under
+// a sanitizer takes minutes per input where the engine takes a fraction of a second.
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+constexpr bool kReferenceOnLongRepeats = false;
+#else
+constexpr bool kReferenceOnLongRepeats = true;
+#endif
+
 // Catches departures that only long repeats bring out: deep words, long runs whose occurrences
-// overlap and are dropped, rules nested many times over.
+// overlap and are dropped, rules nested many times over. Under a sanitizer the engine runs on them
+// for its memory errors and races alone, its grammar expanded and compared with the input.
 TEST_P(CompressGrammarDifferentialTest, BuildsTheSameGrammarOnLongRepeats) {
     const Method method = GetParam();
     for (const std::string& text : LongRepeatSequences(method)) {
         const Alphabet alphabet = BuildAlphabet(text);
         const CodedSequence coded = Encode(alphabet, text);
-        const std::vector<Rule> expected = testing::ReferenceCompressGrammar(coded, alphabet.Size(), method);
         const GrammarResult result = CompressGrammar(coded, alphabet.Size(), method, CompressOptions{}, NoProgress);
-        ASSERT_EQ(GrammarText(result.rules), GrammarText(expected)) << "sequence of length " << text.size();
         ASSERT_TRUE(VerifyGrammar(result.rules, coded, alphabet.Size()));
+        if (!kReferenceOnLongRepeats) continue;
+        const std::vector<Rule> expected = testing::ReferenceCompressGrammar(coded, alphabet.Size(), method);
+        ASSERT_EQ(GrammarText(result.rules), GrammarText(expected)) << "sequence of length " << text.size();
     }
 }
 
