@@ -229,6 +229,9 @@ class WordListView {
     Placed Select(int length, int offset);
     // The place of the k-th of the places in tied_ in list order; tied_ may be reordered.
     std::uint32_t NthTiedInList(const std::vector<Keyed>& words, std::size_t k);
+    // Leaves in tied_ only the places that tie with the k-th on the copied counts; answers its
+    // index among them.
+    std::size_t NarrowByThirdPrefix(const std::vector<Keyed>& words, std::size_t k);
     // The entry at a place of a trie group, from the kept counts and the moved words alone;
     // nothing where the group has too many moved words or the keys do not tell the counts.
     std::optional<Entry> EntryFromCounts(int length, int offset, Rank rank);
@@ -295,6 +298,8 @@ class WordListView {
     std::uint64_t walks_ = 0;
     std::uint64_t walk_steps_ = 0;
     std::vector<std::pair<std::uint64_t, std::uint32_t>> tied_tops_;  // room for NthTiedInList: top keys and places
+    // Room for NarrowByThirdPrefix: third prefixes' counts and places.
+    std::vector<std::pair<std::uint32_t, std::uint32_t>> tied_thirds_;
     // Where the passes change counts all over, as Maximum Gain's first passes do, every copy is read
     // afresh at the next pass anyway; the copies of all groups together then take more memory than
     // the trie's nodes. So from the build on, and after each pass that changed the counts of more than
