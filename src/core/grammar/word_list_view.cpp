@@ -1,7 +1,6 @@
 #include "grammar/word_list_view.h"
 
 #include <algorithm>
-#include <functional>
 #include <numeric>
 #include <string>
 #include <utility>
@@ -142,11 +141,7 @@ WordListView::Place WordListView::Locate(int position) {
 bool WordListView::SearchBefore(std::int32_t a, std::int32_t b) {
     // Most ties are told apart within a few symbols, where a step reads one node and a jump three.
     constexpr int kStepsBeforeJumps = 8;
-    constexpr std::uint64_t kWalksRemembered = 1 << 20;
-    if (++walks_ > kWalksRemembered) {
-        walks_ /= 2;
-        walk_steps_ /= 2;
-    }
+    CountWalks(1);
     for (int steps = 0;; ++steps, ++walk_steps_) {
         if (trie_->Count(a) != trie_->Count(b)) return trie_->Count(a) > trie_->Count(b);
         if (trie_->Depth(a) <= 2) {
@@ -173,6 +168,15 @@ bool WordListView::SearchBefore(std::int32_t a, std::int32_t b) {
         }
         a = trie_->Parent(a);
         b = trie_->Parent(b);
+    }
+}
+
+void WordListView::CountWalks(std::uint64_t walks) {
+    constexpr std::uint64_t kWalksRemembered = 1 << 20;
+    walks_ += walks;
+    while (walks_ > kWalksRemembered) {
+        walks_ /= 2;
+        walk_steps_ /= 2;
     }
 }
 
@@ -346,6 +350,7 @@ std::vector<WordListView::Keyed>& WordListView::KeyedGroup(int length) {
     const std::size_t old_size = copy.words.size();
     if (old_size == 0) copy.with_prefixes = !streaming_;
     auto read = [&](std::size_t index) {
+        if (index < copy.rank_memo.known.size()) copy.rank_memo.known[index] = RankMemo::Known{};
         const Keyed& word = copy.words[index] = ReadKeyed(group[index], copy.with_prefixes);
         if (copy.with_prefixes) copy.search_keys.Set(index, SearchKey(word));
         if (word.kept < 0) {
@@ -457,6 +462,16 @@ void WordListView::NoteChanges() {
         if (Copied(length) && 4 * count_at(changed, length) > keyed_[length].words.size()) LetGo(length);
     }
     streaming_ = 4 * changes > words;
+    for (int length = Keyed::kLevels + 3; length <= overlapping; ++length) {
+        if (!Copied(length) || keyed_[length].rank_memo.node < 0) continue;
+        RankMemo& memo = keyed_[length].rank_memo;
+        const int beyond_length = length - Keyed::kLevels - 1;
+        if (count_at(changed, beyond_length) == 0) continue;
+        const std::vector<std::int32_t>& nodes = changed[static_cast<std::size_t>(beyond_length)];
+        memo.changed_beyonds.insert(memo.changed_beyonds.end(), nodes.begin(), nodes.end());
+        // A memo that many changes reach is cheaper found afresh.
+        if (memo.changed_beyonds.size() > memo.known.size()) memo.node = -1;
+    }
     // Only the lists of copied groups, and of the prefixes whose counts they copy, are read: the
     // others would cost a trip to memory per node for nothing.
     for (std::size_t length = 0; length < moved.size(); ++length) {
@@ -562,7 +577,8 @@ std::size_t WordListView::NarrowByThirdPrefix(const std::vector<Keyed>& words, s
         tied_thirds_.emplace_back(static_cast<std::uint32_t>(word.counts[1]), place);
     }
     const auto nth = tied_thirds_.begin() + static_cast<std::ptrdiff_t>(k);
-    std::nth_element(tied_thirds_.begin(), nth, tied_thirds_.end(), std::greater<>());
+    std::nth_element(tied_thirds_.begin(), nth, tied_thirds_.end(),
+                     [](const auto& a, const auto& b) { return a.first > b.first; });
     const std::uint32_t third = nth->first;
     std::size_t greater = 0;
     tied_.clear();
@@ -594,17 +610,73 @@ std::int32_t WordListView::SearchRank(int length, const Placed& placed) {
     KeyIndex& keys = keyed_[length].search_keys;
     const auto chosen = static_cast<std::size_t>(trie_->GroupIndex(placed.node));
     auto rank = static_cast<std::int32_t>(1 + keys.Tied(keys[chosen], tied_));
-    if (!UseTops()) {
-        for (const std::uint32_t index : tied_) {
-            if (index != chosen && SearchBefore(words[index], words[chosen])) ++rank;
-        }
-        return rank;
-    }
+    if (!UseTops()) return rank + TiedBeforeRemembered(keyed_[length], chosen);
     const std::uint64_t chosen_top = TopKey(words[chosen].node);
     for (const std::uint32_t index : tied_) {
         if (index != chosen && SearchBefore(words[index], TopKey(words[index].node), words[chosen], chosen_top)) ++rank;
     }
     return rank;
+}
+
+std::int32_t WordListView::TiedBeforeRemembered(KeyedCopy& copy, std::size_t chosen) {
+    const std::vector<Keyed>& words = copy.words;
+    const Keyed& ranked = words[chosen];
+    RankMemo& memo = copy.rank_memo;
+    const std::int32_t beyond_count = ranked.beyond >= 0 ? trie_->Count(ranked.beyond) : -1;
+    if (memo.node != ranked.node || memo.counts != ranked.counts || memo.beyond_count != beyond_count) {
+        memo.node = ranked.node;
+        memo.counts = ranked.counts;
+        memo.beyond_count = beyond_count;
+        memo.changed_beyonds.clear();
+        // Past 2^31 epochs the stamps would wrap: start again from a clean slate.
+        if (++memo.epoch >= (std::uint32_t{1} << 31)) {
+            memo.epoch = 1;
+            memo.known.assign(memo.known.size(), RankMemo::Known{});
+        }
+    }
+    memo.known.resize(words.size());
+    // The changes are taken in here and then forgotten: a place known is tied with the ranked word
+    // at every asking until it is read again, as neither's counts change meanwhile.
+    const bool any_changed = !memo.changed_beyonds.empty();
+    if (any_changed) changed_beyonds_.Assign(memo.changed_beyonds);
+    memo.changed_beyonds.clear();
+    const std::uint32_t stamp = memo.epoch << 1;
+    auto prefixes_apart = [&ranked](const Keyed& word) {
+        for (std::size_t level = 0; level < word.prefixes.size(); ++level) {
+            if (word.prefixes[level] == ranked.prefixes[level]) return false;
+        }
+        return true;
+    };
+    std::int32_t before = 0;
+    std::uint64_t remembered = 0;
+    for (const std::uint32_t index : tied_) {
+        if (index == chosen) continue;
+        RankMemo::Known& known = memo.known[index];
+        if ((known.stamp & ~1U) == stamp && !(any_changed && changed_beyonds_.Holds(known.beyond))) {
+            ++remembered;
+            before += static_cast<std::int32_t>(known.stamp & 1U);
+            continue;
+        }
+        known.stamp = 0;
+        // Where the copied counts tie and the first prefixes past them differ in count, that
+        // decides, and holds while neither count changes.
+        const Keyed& word = words[index];
+        if (beyond_count >= 0 && word.beyond >= 0 && word.beyond != ranked.beyond && word.counts == ranked.counts &&
+            prefixes_apart(word)) {
+            const std::int32_t count = trie_->Count(word.beyond);
+            if (count != beyond_count) {
+                ++remembered;
+                const bool is_before = count > beyond_count;
+                known = RankMemo::Known{stamp | (is_before ? 1U : 0U), word.beyond};
+                before += is_before ? 1 : 0;
+                continue;
+            }
+        }
+        before += SearchBefore(word, ranked) ? 1 : 0;
+    }
+    // Each counts as a walk that the first step ended, as it would have been.
+    CountWalks(remembered);
+    return before;
 }
 
 // The kept count, the count and two prefixes' counts.

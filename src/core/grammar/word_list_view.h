@@ -12,6 +12,7 @@
 #include "grammar/key_index.h"
 #include "grammar/long_word_bound.h"
 #include "grammar/long_words.h"
+#include "grammar/node_set.h"
 #include "grammar/pair_ranking.h"
 #include "grammar/repeat_trie.h"
 
@@ -112,6 +113,23 @@ class WordListView {
 
         std::int32_t Count() const { return static_cast<std::int32_t>(counts[0] >> 32); }
     };
+    // What the search rank of one word found about the words tied with it on every copied count,
+    // kept from pass to pass where the first prefixes past the copied ones told the two apart by
+    // their counts: Longest First asks a moved word's rank among hundreds of such words pass after
+    // pass, while a pass changes the counts of a few of those prefixes. A place read again forgets
+    // what was found, and so do the places whose prefix there is listed as changed.
+    struct RankMemo {
+        std::int32_t node = -1;  // the word ranked; -1: nothing kept
+        std::array<std::uint64_t, 2> counts{};
+        std::int32_t beyond_count = 0;
+        std::uint32_t epoch = 0;
+        struct Known {
+            std::uint32_t stamp = 0;  // epoch << 1, 1 added where the word comes before; another epoch: not known
+            std::int32_t beyond = -1;
+        };
+        std::vector<Known> known;                   // per place
+        std::vector<std::int32_t> changed_beyonds;  // nodes of the prefixes' length whose counts changed since
+    };
     // A group's copy, kept up to date place by place: a pass changes a few words of a group of
     // thousands, and reading it all again before each pick cost as much as the pick.
     struct KeyedCopy {
@@ -129,6 +147,7 @@ class WordListView {
         // there or -1: the group's order differs from the search's at these alone.
         std::vector<std::uint32_t> moved;
         std::vector<std::int32_t> moved_at;
+        RankMemo rank_memo;
     };
     // The words of a group that dropping the overlaps moved, kept up to date from the words whose
     // counts change, without a copy of the group: with the trie's greatest and least counts they
@@ -241,6 +260,11 @@ class WordListView {
     std::int32_t UnmovedBefore(int length, GroupOrder& order, Moved& word);
     // The place's rank in the search order.
     std::int32_t SearchRank(int length, const Placed& placed);
+    // The words tied with the one at `chosen` in tied_ that come before it, as far as the memo
+    // knows and compared where not.
+    std::int32_t TiedBeforeRemembered(KeyedCopy& copy, std::size_t chosen);
+    // Counts walks of SearchBefore, the longer ones weighing less as they age.
+    void CountWalks(std::uint64_t walks);
     // Numbers that order the words as the list and the search do, as far as the copied counts go;
     // a greater number comes first.
     static std::uint64_t ListKey(const Keyed& word);
@@ -298,6 +322,7 @@ class WordListView {
     std::uint64_t walks_ = 0;
     std::uint64_t walk_steps_ = 0;
     std::vector<std::pair<std::uint64_t, std::uint32_t>> tied_tops_;  // room for NthTiedInList: top keys and places
+    NodeSet changed_beyonds_;                                         // room for TiedBeforeRemembered
     // Room for NarrowByThirdPrefix: third prefixes' counts and places.
     std::vector<std::pair<std::uint32_t, std::uint32_t>> tied_thirds_;
     // Where the passes change counts all over, as Maximum Gain's first passes do, every copy is read

@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "core/grammar/reference_compress_grammar.h"
@@ -36,6 +37,24 @@ std::string RandomLetters(RandomGenerator& random, int length, int letters) {
     for (int i = 0; i < length; ++i)
         text += static_cast<char>('A' + random.Index(letters) - 1);
     return text;
+}
+
+std::string RepeatRichSequence(RandomGenerator& random, std::size_t length) {
+    std::string text = "A";
+    while (text.size() < length) {
+        const int kind = random.Index(20);
+        if (kind <= 12) {
+            text += RandomLetters(random, 19 + random.Index(181), 4);
+        } else if (kind <= 17) {
+            const std::string unit = RandomLetters(random, random.Index(20), 4);
+            for (int copies = 1 + random.Index(7); copies > 0; --copies)
+                text += unit;
+        } else {
+            const auto from = static_cast<std::size_t>(random.Index(static_cast<int>(text.size())) - 1);
+            text += text.substr(from, static_cast<std::size_t>(39 + random.Index(161)));
+        }
+    }
+    return text.substr(0, length);
 }
 
 // Inputs whose longest repeats are far longer than a random sequence's: copies of hundreds of
@@ -100,6 +119,14 @@ std::vector<std::string> LongRepeatSequences(Method method) {
         twice +=
             twice.substr(static_cast<std::size_t>(random.Index(2800)), 40 + static_cast<std::size_t>(random.Index(40)));
     texts.push_back(twice);
+    // Stretches of random text, short tandem repeats and copies of earlier stretches, as DNA has
+    // them: the words tied with a moved word keep their place against it from pass to pass until
+    // a replacement changes the count of a prefix past the copied ones.
+    for (const auto& [seed, count] : {std::pair{15U, 2}, std::pair{16U, 4}}) {
+        RandomGenerator rich(seed);
+        for (int k = 0; k < count; ++k)
+            texts.push_back(RepeatRichSequence(rich, 5000));
+    }
     return texts;
 }
 
