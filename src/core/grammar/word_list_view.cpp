@@ -1,6 +1,7 @@
 #include "grammar/word_list_view.h"
 
 #include <algorithm>
+#include <array>
 #include <numeric>
 #include <string>
 #include <utility>
@@ -567,6 +568,10 @@ std::uint32_t WordListView::NthTiedInList(const std::vector<Keyed>& words, std::
 // words tied in a pick under Longest First on a genome; a key that saturates leaves them all.
 std::size_t WordListView::NarrowByThirdPrefix(const std::vector<Keyed>& words, std::size_t k) {
     if (tied_.size() <= 2 || k == 0 || k + 1 == tied_.size()) return k;
+    // Such counts are small, and most tied words share a few: the k-th is found by counting them.
+    constexpr std::uint32_t kCounted = 256;
+    std::array<std::uint32_t, kCounted> counted{};
+    std::size_t larger = 0;  // counts of kCounted and more
     const Keyed& some = words[tied_.front()];
     tied_thirds_.clear();
     for (const std::uint32_t place : tied_) {
@@ -574,12 +579,26 @@ std::size_t WordListView::NarrowByThirdPrefix(const std::vector<Keyed>& words, s
         if (word.kept != some.kept || word.counts[0] != some.counts[0] ||
             (word.counts[1] >> 32) != (some.counts[1] >> 32))
             return k;
-        tied_thirds_.emplace_back(static_cast<std::uint32_t>(word.counts[1]), place);
+        const auto third = static_cast<std::uint32_t>(word.counts[1]);
+        tied_thirds_.emplace_back(third, place);
+        if (third < kCounted) {
+            ++counted[third];
+        } else {
+            ++larger;
+        }
     }
-    const auto nth = tied_thirds_.begin() + static_cast<std::ptrdiff_t>(k);
-    std::nth_element(tied_thirds_.begin(), nth, tied_thirds_.end(),
-                     [](const auto& a, const auto& b) { return a.first > b.first; });
-    const std::uint32_t third = nth->first;
+    std::uint32_t third = 0;
+    if (k < larger) {
+        const auto nth = tied_thirds_.begin() + static_cast<std::ptrdiff_t>(k);
+        std::nth_element(tied_thirds_.begin(), nth, tied_thirds_.end(),
+                         [](const auto& a, const auto& b) { return a.first > b.first; });
+        third = nth->first;
+    } else {
+        std::size_t above = larger;
+        third = kCounted - 1;
+        while (above + counted[third] <= k)
+            above += counted[third--];
+    }
     std::size_t greater = 0;
     tied_.clear();
     for (const auto& [count, place] : tied_thirds_) {
