@@ -6,8 +6,9 @@
 
 namespace tessarin {
 
-// A set of trie nodes asked many times over whether it holds one: an open table that stays in
-// the cache, where a sorted list would be searched with a branch per level.
+// A set of trie nodes asked many times over whether it holds one: an open table of 4-byte slots,
+// refilled in place, that stays in the cache. A sorted list searched per word, or a fresh
+// OpenHashMap per asking, cost Longest First on a genome some 5 % each.
 class NodeSet {
   public:
     void Assign(const std::vector<std::int32_t>& nodes) {

@@ -563,9 +563,9 @@ std::uint32_t WordListView::NthTiedInList(const std::vector<Keyed>& words, std::
 }
 
 // The list's key leaves out the third prefix's count, which the search compares next: among the
-// words tied on the key, a selection among plain numbers finds those that tie with the k-th on that
-// count too, and the comparisons that walk the trie are left to them alone. About a fifth of the
-// words tied in a pick under Longest First on a genome; a key that saturates leaves them all.
+// words tied on the key, a tally of those counts finds the words that tie with the k-th on it too,
+// and the comparisons that walk the trie are left to them alone. About a fifth of the words tied
+// in a pick under Longest First on a genome; a key that saturates leaves them all.
 std::size_t WordListView::NarrowByThirdPrefix(const std::vector<Keyed>& words, std::size_t k) {
     if (tied_.size() <= 2 || k == 0 || k + 1 == tied_.size()) return k;
     // Such counts are small, and most tied words share a few: the k-th is found by counting them.
