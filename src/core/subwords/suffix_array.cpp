@@ -12,6 +12,8 @@ constexpr double kUnitsPerLevelSymbol = 8.0;
 // Each level is at most half as long as the one before, on ordinary texts under a third.
 constexpr double kLevelsPerText = 1.5;
 constexpr double kCommonPrefixUnitsPerSymbol = 2.0;
+// How many suffixes ahead the passes that read the text in sorted order ask the memory for it.
+constexpr std::int32_t kAhead = 32;
 
 // The suffix array of `text` (values 0..alphabet_size - 1), or nothing when cancelled.
 std::optional<std::vector<std::int32_t>> InducedSort(std::span<const std::int32_t> text, std::int32_t alphabet_size,
@@ -59,12 +61,14 @@ std::optional<std::vector<std::int32_t>> InducedSort(std::span<const std::int32_
         std::copy(l_start.begin(), l_start.end(), next.begin());
         order[next[text[n - 1]]++] = n - 1;
         for (std::int32_t i = 0; i < n; ++i) {
+            if (i + kAhead < n && order[i + kAhead] >= 1) __builtin_prefetch(&text[order[i + kAhead] - 1]);
             const std::int32_t v = order[i];
             if (v >= 1 && !smaller[v - 1]) order[next[text[v - 1]]++] = v - 1;
             if (meter.Advance(1)) return false;
         }
         std::copy(l_start.begin(), l_start.end(), next.begin());
         for (std::int32_t i = n - 1; i >= 0; --i) {
+            if (i >= kAhead && order[i - kAhead] >= 1) __builtin_prefetch(&text[order[i - kAhead] - 1]);
             const std::int32_t v = order[i];
             if (v >= 1 && smaller[v - 1]) order[--next[text[v - 1] + 1]] = v - 1;
             if (meter.Advance(1)) return false;
@@ -88,7 +92,9 @@ std::optional<std::vector<std::int32_t>> InducedSort(std::span<const std::int32_
     const auto m = static_cast<std::int32_t>(valleys.size());
     std::vector<std::int32_t> sorted;
     sorted.reserve(valleys.size());
-    for (const std::int32_t v : order) {
+    for (std::int32_t i = 0; i < n; ++i) {
+        if (i + kAhead < n && order[i + kAhead] >= 0) __builtin_prefetch(&valley_number[order[i + kAhead]]);
+        const std::int32_t v = order[i];
         if (v >= 0 && valley_number[v] != -1) sorted.push_back(v);
         if (meter.Advance(1)) return std::nullopt;
     }
@@ -100,6 +106,10 @@ std::optional<std::vector<std::int32_t>> InducedSort(std::span<const std::int32_
     std::int32_t name = 0;
     names[valley_number[sorted[0]]] = 0;
     for (std::int32_t i = 1; i < m; ++i) {
+        if (i + kAhead < m) {
+            __builtin_prefetch(&valley_number[sorted[i + kAhead]]);
+            __builtin_prefetch(&text[sorted[i + kAhead]]);
+        }
         std::int32_t a = sorted[i - 1];
         std::int32_t b = sorted[i];
         const std::int32_t end_a = substring_end(a);
@@ -132,12 +142,14 @@ std::optional<std::vector<std::int32_t>> CommonPrefixes(std::span<const std::int
     // Per suffix, the one before it in `order`; -1 for the first.
     std::vector<std::int32_t> before(text.size());
     for (std::int32_t i = 0; i < n; ++i) {
+        if (i + kAhead < n) __builtin_prefetch(&before[order[i + kAhead]], 1);
         before[order[i]] = i > 0 ? order[i - 1] : -1;
         if (meter.Advance(1)) return std::nullopt;
     }
     std::int32_t shared = 0;
     for (std::int32_t start = 0; start < n; ++start) {
         if (meter.Advance(1)) return std::nullopt;
+        if (start + kAhead < n && before[start + kAhead] >= 0) __builtin_prefetch(&text[before[start + kAhead]]);
         const std::int32_t other = before[start];
         if (other < 0) {
             shared = 0;
@@ -150,8 +162,10 @@ std::optional<std::vector<std::int32_t>> CommonPrefixes(std::span<const std::int
         if (shared > 0) --shared;
     }
     std::vector<std::int32_t> common(text.size());
-    for (std::int32_t i = 0; i < n; ++i)
+    for (std::int32_t i = 0; i < n; ++i) {
+        if (i + kAhead < n) __builtin_prefetch(&before[order[i + kAhead]]);
         common[i] = before[order[i]];
+    }
     return common;
 }
 
