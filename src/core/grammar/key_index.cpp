@@ -36,9 +36,18 @@ void KeyIndex::Set(std::size_t place, std::uint64_t key) {
     File(place);
 }
 
+// The first range whose floor is at most `key`; the last floor is 0, so there is one. Filing a
+// group of a million words asks this a million times in no order of keys: a search whose steps
+// choose by a conditional move runs some twice as fast as one that branches.
 std::size_t KeyIndex::RangeOf(std::uint64_t key) const {
-    return static_cast<std::size_t>(std::lower_bound(floors_.begin(), floors_.end(), key, std::greater<>()) -
-                                    floors_.begin());
+    const std::uint64_t* floors = floors_.data();
+    std::size_t first = 0;
+    for (std::size_t length = floors_.size(); length > 1;) {
+        const std::size_t half = length / 2;
+        first = floors[first + half - 1] > key ? first + half : first;
+        length -= half;
+    }
+    return first + (floors[first] > key ? 1 : 0);
 }
 
 void KeyIndex::File(std::size_t place) {
