@@ -551,9 +551,7 @@ std::uint32_t WordListView::NthTiedInList(const std::vector<Keyed>& words, std::
         PlaceNth(tied_, k, [&](std::uint32_t a, std::uint32_t b) { return ListBefore(words[a], words[b]); });
         return tied_[k];
     }
-    tied_tops_.clear();
-    for (const std::uint32_t place : tied_)
-        tied_tops_.emplace_back(TopKey(words[place].node), place);
+    ReadTiedTops(words);
     PlaceNth(tied_tops_, k, [&](const auto& a, const auto& b) {
         const Keyed& x = words[a.second];
         const Keyed& y = words[b.second];
@@ -631,10 +629,23 @@ std::int32_t WordListView::SearchRank(int length, const Placed& placed) {
     auto rank = static_cast<std::int32_t>(1 + keys.Tied(keys[chosen], tied_));
     if (!UseTops()) return rank + TiedBeforeRemembered(keyed_[length], chosen);
     const std::uint64_t chosen_top = TopKey(words[chosen].node);
-    for (const std::uint32_t index : tied_) {
-        if (index != chosen && SearchBefore(words[index], TopKey(words[index].node), words[chosen], chosen_top)) ++rank;
+    ReadTiedTops(words);
+    for (const auto& [top, index] : tied_tops_) {
+        if (index != chosen && SearchBefore(words[index], top, words[chosen], chosen_top)) ++rank;
     }
     return rank;
+}
+
+// A top is a few trips to memory, the word's copy, its node and its remembered top first: those
+// of the words some places on are asked for ahead, so that the trips overlap.
+void WordListView::ReadTiedTops(const std::vector<Keyed>& words) {
+    constexpr std::size_t kAhead = 8;
+    tied_tops_.clear();
+    for (std::size_t at = 0; at < tied_.size(); ++at) {
+        if (at + 2 * kAhead < tied_.size()) __builtin_prefetch(&words[tied_[at + 2 * kAhead]]);
+        if (at + kAhead < tied_.size()) trie_->PrefetchStretchTop(words[tied_[at + kAhead]].node);
+        tied_tops_.emplace_back(TopKey(words[tied_[at]].node), tied_[at]);
+    }
 }
 
 std::int32_t WordListView::TiedBeforeRemembered(KeyedCopy& copy, std::size_t chosen) {

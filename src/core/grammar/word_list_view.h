@@ -205,6 +205,8 @@ class WordListView {
     // just above decides. TopKey numbers that so, the deeper top and then that count greater; it
     // ties the words whose stretches reach 2 symbols, which are ordered by symbols there.
     std::uint64_t TopKey(std::int32_t node);
+    // The top key of each word of tied_, with its place, in tied_tops_.
+    void ReadTiedTops(const std::vector<Keyed>& words);
     // SearchBefore, the top keys compared once the copied counts tie.
     bool SearchBefore(const Keyed& a, std::uint64_t top_a, const Keyed& b, std::uint64_t top_b);
     bool ListBefore(const Keyed& a, const Keyed& b);
