@@ -380,8 +380,13 @@ std::vector<WordListView::Keyed>& WordListView::KeyedGroup(int length) {
         if (index + kPrefetchAhead < group.size()) trie_->Prefetch(group[index + kPrefetchAhead]);
         read(index);
     }
-    for (const std::int32_t place : copy.stale) {
-        const auto index = static_cast<std::size_t>(place);
+    const std::vector<std::int32_t>& stale = copy.stale;
+    for (std::size_t at = 0; at < stale.size(); ++at) {
+        if (at + kPrefetchAhead < stale.size()) {
+            const auto ahead = static_cast<std::size_t>(stale[at + kPrefetchAhead]);
+            if (ahead < group.size()) trie_->Prefetch(group[ahead]);
+        }
+        const auto index = static_cast<std::size_t>(stale[at]);
         if (index < old_size && index < group.size() && copy.words[index].node != group[index]) read(index);
     }
     copy.stale.clear();
@@ -432,8 +437,15 @@ std::vector<WordListView::Keyed>& WordListView::KeptGroup(int length, Prefixes p
             if (words[index].kept >= 0) copy.list_keys.Set(index, ListKey(words[index]));
         }
     }
-    for (const std::int32_t place : copy.unkept) {
-        if (static_cast<std::size_t>(place) < words.size()) KeptAt(copy, static_cast<std::size_t>(place));
+    constexpr std::size_t kPrefetchAhead = 16;
+    const std::vector<std::int32_t>& unkept = copy.unkept;
+    for (std::size_t at = 0; at < unkept.size(); ++at) {
+        if (at + kPrefetchAhead < unkept.size()) {
+            const auto ahead = static_cast<std::size_t>(unkept[at + kPrefetchAhead]);
+            if (ahead < words.size()) trie_->Prefetch(words[ahead].node);
+        }
+        const auto index = static_cast<std::size_t>(unkept[at]);
+        if (index < words.size()) KeptAt(copy, index);
     }
     copy.unkept.clear();
     return words;
