@@ -559,10 +559,12 @@ WordListView::Placed WordListView::Select(int length, int offset) {
 std::uint32_t WordListView::NthTiedInList(const std::vector<Keyed>& words, std::size_t k) {
     // Where walks run long, each word's top, read once, settles most of the comparisons.
     if (!UseTops()) {
-        k = NarrowByThirdPrefix(words, k);
+        k = NarrowByThirdPrefix(words, k, false);
         PlaceNth(tied_, k, [&](std::uint32_t a, std::uint32_t b) { return ListBefore(words[a], words[b]); });
         return tied_[k];
     }
+    // A top costs trips to memory where the tally reads only the copy.
+    k = NarrowByThirdPrefix(words, k, true);
     ReadTiedTops(words);
     PlaceNth(tied_tops_, k, [&](const auto& a, const auto& b) {
         const Keyed& x = words[a.second];
@@ -576,8 +578,8 @@ std::uint32_t WordListView::NthTiedInList(const std::vector<Keyed>& words, std::
 // words tied on the key, a tally of those counts finds the words that tie with the k-th on it too,
 // and the comparisons that walk the trie are left to them alone. About a fifth of the words tied
 // in a pick under Longest First on a genome; a key that saturates leaves them all.
-std::size_t WordListView::NarrowByThirdPrefix(const std::vector<Keyed>& words, std::size_t k) {
-    if (tied_.size() <= 2 || k == 0 || k + 1 == tied_.size()) return k;
+std::size_t WordListView::NarrowByThirdPrefix(const std::vector<Keyed>& words, std::size_t k, bool at_ends) {
+    if (tied_.size() <= 2 || (!at_ends && (k == 0 || k + 1 == tied_.size()))) return k;
     // Such counts are small, and most tied words share a few: the k-th is found by counting them.
     constexpr std::uint32_t kCounted = 256;
     std::array<std::uint32_t, kCounted> counted{};

@@ -251,8 +251,8 @@ class WordListView {
     // The place of the k-th of the places in tied_ in list order; tied_ may be reordered.
     std::uint32_t NthTiedInList(const std::vector<Keyed>& words, std::size_t k);
     // Leaves in tied_ only the places that tie with the k-th on the copied counts; answers its
-    // index among them.
-    std::size_t NarrowByThirdPrefix(const std::vector<Keyed>& words, std::size_t k);
+    // index among them. The first and the last are left to one pass over all unless `at_ends`.
+    std::size_t NarrowByThirdPrefix(const std::vector<Keyed>& words, std::size_t k, bool at_ends);
     // The entry at a place of a trie group, from the kept counts and the moved words alone;
     // nothing where the group has too many moved words or the keys do not tell the counts.
     std::optional<Entry> EntryFromCounts(int length, int offset, Rank rank);
