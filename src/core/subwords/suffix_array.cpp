@@ -54,8 +54,9 @@ std::optional<std::vector<std::int32_t>> InducedSort(std::span<const std::int32_
     auto induce = [&](std::span<const std::int32_t> valleys) {
         std::fill(order.begin(), order.end(), -1);
         std::copy(s_start.begin(), s_start.end(), next.begin());
-        for (const std::int32_t valley : valleys) {
-            order[next[text[valley]]++] = valley;
+        for (std::size_t j = 0; j < valleys.size(); ++j) {
+            if (j + kAhead < valleys.size()) __builtin_prefetch(&text[valleys[j + kAhead]]);
+            order[next[text[valleys[j]]]++] = valleys[j];
             if (meter.Advance(1)) return false;
         }
         std::copy(l_start.begin(), l_start.end(), next.begin());
@@ -110,6 +111,8 @@ std::optional<std::vector<std::int32_t>> InducedSort(std::span<const std::int32_
             __builtin_prefetch(&valley_number[sorted[i + kAhead]]);
             __builtin_prefetch(&text[sorted[i + kAhead]]);
         }
+        // The next valley after each, once its number has come.
+        if (i + kAhead / 2 < m) __builtin_prefetch(valleys.data() + valley_number[sorted[i + kAhead / 2]] + 1);
         std::int32_t a = sorted[i - 1];
         std::int32_t b = sorted[i];
         const std::int32_t end_a = substring_end(a);
