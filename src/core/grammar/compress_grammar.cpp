@@ -87,14 +87,15 @@ class CompressProgress {
 };
 
 // A trie over the rules as they stand, its build and its later passes polled through `progress`;
-// `longest_overlapping` and `suffixes` as the trie's.
+// `longest_overlapping`, `suffixes` and `overlapping` as the trie's.
 std::unique_ptr<WordListView> NewList(std::span<const Rule> rules, std::int32_t length, CompressProgress& progress,
                                       int longest_overlapping = std::numeric_limits<int>::max(),
-                                      std::optional<SuffixArray> suffixes = std::nullopt) {
+                                      std::optional<SuffixArray> suffixes = std::nullopt,
+                                      const OverlappingWords& overlapping = {}) {
     progress.NewTrie();
     return std::make_unique<WordListView>(
         rules, length, [&progress](double scanned) { return progress.Show(scanned); }, longest_overlapping,
-        std::move(suffixes));
+        std::move(suffixes), overlapping);
 }
 
 // The view indexes words up to the working length (all lengths once it is unlimited); a longer
@@ -181,10 +182,11 @@ std::vector<Rule> PairPasses(std::vector<std::int32_t> symbols, std::span<const 
 // least as long, at as many places.
 std::optional<LongWordBound> BoundLongWordsOf(std::span<const std::int32_t> symbols, int alphabet_size,
                                               CompressProgress& shown, bool& cancelled,
-                                              std::optional<SuffixArray>& suffixes) {
+                                              std::optional<SuffixArray>& suffixes, OverlappingWords& overlapping) {
     const ProgressFn poll = [&shown](const std::string&, float) { return shown.Show(0); };
     ProgressMeter meter(poll, "", SuffixArrayUnits(symbols.size()) + static_cast<double>(symbols.size()));
-    return BoundLongWords(symbols, alphabet_size + 1, kLeastShortLength, kMostShortLength, meter, cancelled, suffixes);
+    return BoundLongWords(symbols, alphabet_size + 1, kLeastShortLength, kMostShortLength, meter, cancelled, suffixes,
+                          overlapping);
 }
 
 // Reads the words longer than the view's depth where the pass may take one, into `picked`:
@@ -254,9 +256,10 @@ GrammarResult CompressGrammar(CodedSequence coded, int alphabet_size, Method met
         const Rule start_rule{0, std::move(coded)};
         // The bound's suffix array is the trie's too.
         std::optional<SuffixArray> suffixes;
+        OverlappingWords overlapping;
         if ((method == Method::kMaximumGain || method == Method::kLongestFirst) && !start_rule.symbols.empty()) {
             bool cancelled = false;
-            long_words = BoundLongWordsOf(start_rule.symbols, alphabet_size, shown, cancelled, suffixes);
+            long_words = BoundLongWordsOf(start_rule.symbols, alphabet_size, shown, cancelled, suffixes, overlapping);
             if (cancelled) {
                 result.cancelled = true;
                 return result;
@@ -265,7 +268,7 @@ GrammarResult CompressGrammar(CodedSequence coded, int alphabet_size, Method met
         if (long_words) {
             // No longer word overlaps itself in the sequence, nor in the rules that stand for it.
             list = NewList(std::span<const Rule>(&start_rule, 1), long_words->short_length, shown,
-                           long_words->short_length, std::move(suffixes));
+                           long_words->short_length, std::move(suffixes), overlapping);
         } else {
             list = NewList(std::span<const Rule>(&start_rule, 1), length, shown, std::numeric_limits<int>::max(),
                            std::move(suffixes));

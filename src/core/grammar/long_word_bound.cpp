@@ -1,6 +1,7 @@
 #include "grammar/long_word_bound.h"
 
 #include <algorithm>
+#include <limits>
 #include <utility>
 #include <vector>
 
@@ -18,9 +19,10 @@ constexpr std::int64_t kStartsPerSymbol = 8;
 
 std::optional<LongWordBound> BoundLongWords(std::span<const std::int32_t> symbols, std::int32_t alphabet_size,
                                             int least_short, int most_short, ProgressMeter& meter, bool& cancelled,
-                                            std::optional<SuffixArray>& suffixes) {
+                                            std::optional<SuffixArray>& suffixes, OverlappingWords& overlapping) {
     cancelled = false;
     suffixes.reset();
+    overlapping = OverlappingWords{};
     // A run of one symbol overlaps itself in every word of it but the longest, and a long one
     // needs no suffix array to tell.
     int run = 0;
@@ -37,8 +39,9 @@ std::optional<LongWordBound> BoundLongWords(std::span<const std::int32_t> symbol
     // Each node stands for the words up to its depth that occur at its starts; the longest of
     // them overlaps itself wherever two starts lie closer than the depth.
     std::int64_t budget = kStartsPerSymbol * static_cast<std::int64_t>(symbols.size());
-    int overlapping = 0;                              // the longest word seen with two overlapping occurrences
-    std::vector<std::pair<int, std::int64_t>> gains;  // depth and gain of each node deeper than least_short
+    int longest_overlapping = 0;                        // the longest word seen with two overlapping occurrences
+    std::vector<std::pair<int, std::int64_t>> gains;    // depth and gain of each node deeper than least_short
+    std::vector<OverlappingWords::Interval> intervals;  // of the nodes whose deepest word overlaps itself
     std::vector<std::int32_t> starts;
     std::vector<std::int32_t> to_visit{tree->Root()};
     while (!to_visit.empty()) {
@@ -53,17 +56,24 @@ std::optional<LongWordBound> BoundLongWords(std::span<const std::int32_t> symbol
         starts.assign(suffixes->order.begin() + tree->FirstPlace(node),
                       suffixes->order.begin() + tree->LastPlace(node) + 1);
         std::sort(starts.begin(), starts.end());
-        for (std::size_t k = 1; k < starts.size(); ++k) {
-            if (starts[k] - starts[k - 1] < depth) {
-                overlapping = std::max(overlapping, depth);
-                break;
-            }
+        std::int32_t least_distance = std::numeric_limits<std::int32_t>::max();
+        for (std::size_t k = 1; k < starts.size(); ++k)
+            least_distance = std::min(least_distance, starts[k] - starts[k - 1]);
+        if (least_distance < depth) {
+            longest_overlapping = std::max(longest_overlapping, depth);
+            intervals.push_back({tree->FirstPlace(node), tree->LastPlace(node), least_distance});
         }
         gains.emplace_back(depth, std::int64_t{depth - 1} * (tree->Count(node) - 1) - 1);
     }
     LongWordBound bound;
-    bound.short_length = std::max(least_short, overlapping);
+    bound.short_length = std::max(least_short, longest_overlapping);
     if (bound.short_length > most_short) return std::nullopt;
+    std::sort(intervals.begin(), intervals.end(),
+              [](const OverlappingWords::Interval& a, const OverlappingWords::Interval& b) {
+                  return a.last_place != b.last_place ? a.last_place < b.last_place : a.first_place > b.first_place;
+              });
+    overlapping.listed_above = least_short;
+    overlapping.intervals = std::move(intervals);
     for (const auto& [depth, gain] : gains) {
         if (depth > bound.short_length) bound.most_gain = std::max(bound.most_gain, gain);
     }

@@ -5,6 +5,7 @@
 #include <optional>
 #include <span>
 
+#include "grammar/overlapping_words.h"
 #include "subwords/progress_meter.h"
 #include "subwords/suffix_array.h"
 
@@ -31,9 +32,10 @@ inline constexpr int kMostShortLength = 256;
 // occurrences overlapping. Nothing when that length would exceed `most_short`, when finding it
 // would cost more than a few passes over the sequence (long runs of one symbol), or when the
 // meter answers that the user cancelled (then `cancelled` is set). The suffix array it sorts, if
-// any, is left in `suffixes`, for a trie of the same symbols to be built from.
+// any, is left in `suffixes`, and with a bound the words longer than `least_short` that overlap
+// themselves in `overlapping`, for a trie of the same symbols to be built from.
 std::optional<LongWordBound> BoundLongWords(std::span<const std::int32_t> symbols, std::int32_t alphabet_size,
                                             int least_short, int most_short, ProgressMeter& meter, bool& cancelled,
-                                            std::optional<SuffixArray>& suffixes);
+                                            std::optional<SuffixArray>& suffixes, OverlappingWords& overlapping);
 
 }  // namespace tessarin

@@ -18,7 +18,7 @@ void ListByLength(RepeatTrie::NodesByLength& lists, int length, std::int32_t nod
 }  // namespace
 
 RepeatTrie::RepeatTrie(std::span<const Rule> rules, int max_depth, Poll poll, int longest_overlapping,
-                       std::optional<SuffixArray> suffixes)
+                       std::optional<SuffixArray> suffixes, const OverlappingWords& overlapping)
     : text_(rules), max_depth_(max_depth), longest_overlapping_(longest_overlapping), poll_(std::move(poll)) {
     const std::int32_t slots = text_.SlotCount();
     // Almost every slot ends its path in a leaf of the child table, and the words that repeat add
@@ -28,7 +28,7 @@ RepeatTrie::RepeatTrie(std::span<const Rule> rules, int max_depth, Poll poll, in
     stretch_tops_.push_back(-1);
     FitSlotStates();
     scanned_ = 0;
-    AttachBySuffixes(rules, std::move(suffixes));
+    AttachBySuffixes(rules, std::move(suffixes), overlapping);
     scanned_ = -1;
 }
 
@@ -715,7 +715,7 @@ void RepeatTrie::KeptOccurrences(std::int32_t index, std::vector<std::int32_t>& 
 std::int32_t RepeatTrie::Kept(std::int32_t index) {
     if (nodes_[index].depth > longest_overlapping_) return nodes_[index].count;
     const bool run = nodes_[index].run && nodes_[index].depth >= 2;
-    if (!run && (nodes_[index].border == 0 || !SelfOverlaps(index))) return nodes_[index].count;
+    if (!run && (nodes_[index].border == 0 || nodes_[index].apart || !SelfOverlaps(index))) return nodes_[index].count;
     if (nodes_[index].kept == kUnknown) {
         std::int32_t kept = run ? KeptOfRun(index) : KeptFromPeriods(index);
         if (kept == kUnknown) {

@@ -13,6 +13,7 @@
 #include "common/remapped_array.h"
 #include "grammar/grammar.h"
 #include "grammar/linked_rules.h"
+#include "grammar/overlapping_words.h"
 #include "subwords/suffix_array.h"
 
 namespace tessarin {
@@ -31,10 +32,11 @@ class RepeatTrie {
 
     // No word of more than `longest_overlapping` symbols has two occurrences that overlap, as the
     // caller may know from the sequence the rules stand for: such words keep every occurrence.
-    // `suffixes`, where the caller has them, are the sorted suffixes of JoinRules(rules).
+    // `suffixes`, where the caller has them, are the sorted suffixes of JoinRules(rules), and
+    // `overlapping` what was read off them of the words that overlap themselves.
     RepeatTrie(std::span<const Rule> rules, int max_depth, Poll poll = {},
                int longest_overlapping = std::numeric_limits<int>::max(),
-               std::optional<SuffixArray> suffixes = std::nullopt);
+               std::optional<SuffixArray> suffixes = std::nullopt, const OverlappingWords& overlapping = {});
 
     int max_depth() const { return max_depth_; }
     // The poll answered true: the trie is left half built or half updated and must be dropped.
@@ -87,7 +89,8 @@ class RepeatTrie {
     // Kept(node) where it is known without listing the occurrences, -1 where it is not.
     std::int32_t KnownKept(std::int32_t node) const {
         const Node& word = nodes_[node];
-        return word.border == 0 || word.depth > longest_overlapping_ ? word.count : word.kept;
+        return word.border == 0 || (word.apart && !word.run) || word.depth > longest_overlapping_ ? word.count
+                                                                                                  : word.kept;
     }
     // Those occurrences, by their first and last slots, in text order.
     void KeptOccurrences(std::int32_t node, std::vector<std::int32_t>& starts, std::vector<std::int32_t>& ends);
@@ -142,6 +145,9 @@ class RepeatTrie {
         bool changed : 1 = false;           // listed in changed_nodes_
         bool taken_as_changed : 1 = false;  // listed in taken_changed_
         bool run : 1 = false;               // the word is one symbol over and over
+        // No two occurrences overlap, as the build learnt from the suffixes; fewer occurrences, and
+        // those of the rule that stands for a word containing this one, keep it so.
+        bool apart : 1 = false;
         // The children that are nodes, while there are at most kListedChildren; kHashedChildren
         // once they have all gone into the child table.
         std::uint8_t child_nodes = 0;
@@ -215,7 +221,8 @@ class RepeatTrie {
     void InsertLeaf(std::int32_t node, std::int32_t symbol, std::int32_t slot);
     // Attaches every slot of the rules the trie starts from, from their sorted suffixes (those of
     // JoinRules(rules), sorted here unless given).
-    void AttachBySuffixes(std::span<const Rule> rules, std::optional<SuffixArray> suffixes);
+    void AttachBySuffixes(std::span<const Rule> rules, std::optional<SuffixArray> suffixes,
+                          const OverlappingWords& overlapping);
     // Attaches the slots from `first` up to (not including) `last`, fresh slots of whole rules,
     // walking each run of one symbol as one.
     void AttachSlots(std::int32_t first, std::int32_t last);

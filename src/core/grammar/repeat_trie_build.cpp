@@ -23,7 +23,8 @@ constexpr double kSortShare = 0.3;
 // a common prefix grows past it and closes where it falls below, its count being the suffixes in
 // between. The nodes of one subtree then lie together in memory, and no slot's path is walked
 // through the child table, as adding the slots one by one would.
-void RepeatTrie::AttachBySuffixes(std::span<const Rule> rules, std::optional<SuffixArray> suffixes) {
+void RepeatTrie::AttachBySuffixes(std::span<const Rule> rules, std::optional<SuffixArray> suffixes,
+                                  const OverlappingWords& overlapping) {
     JoinedRules joined = JoinRules(rules);
     const ProgressFn sort_poll = [this](const std::string&, float sorted) {
         scanned_ = kSortShare * sorted;
@@ -47,6 +48,7 @@ void RepeatTrie::AttachBySuffixes(std::span<const Rule> rules, std::optional<Suf
         std::int32_t min_slot;  // the least slot below it so far
     };
     std::vector<Open> open;  // the nodes of the current path, by depth
+    OverlappingWords::Cursor overlaps(overlapping);
     std::int32_t common_before = 0;
     // The symbols from each suffix to the end of its rule, found once for it and its neighbour.
     std::int32_t rest_next = places > 0 ? joined.RestOfRule(order[0]) : 0;
@@ -100,6 +102,7 @@ void RepeatTrie::AttachBySuffixes(std::span<const Rule> rules, std::optional<Suf
         if (depth > 0) open.back().min_slot = std::min(open.back().min_slot, slot);
         while (static_cast<std::int32_t>(open.size()) > common_after) {
             const Open closed = open.back();
+            nodes_[closed.node].apart = overlaps.Apart(closed.first, i, static_cast<int>(open.size()));
             open.pop_back();
             nodes_[closed.node].count = i + 1 - closed.first;
             nodes_[closed.node].first_occurrence = closed.min_slot;

@@ -44,8 +44,9 @@ void PlaceNth(std::vector<Place>& places, std::size_t k, Before before) {
 }  // namespace
 
 WordListView::WordListView(std::span<const Rule> rules, int max_depth, RepeatTrie::Poll poll, int longest_overlapping,
-                           std::optional<SuffixArray> suffixes)
-    : poll_(std::move(poll)), trie_(std::in_place, rules, max_depth, poll_, longest_overlapping, std::move(suffixes)) {
+                           std::optional<SuffixArray> suffixes, const OverlappingWords& overlapping)
+    : poll_(std::move(poll)),
+      trie_(std::in_place, rules, max_depth, poll_, longest_overlapping, std::move(suffixes), overlapping) {
     symbols_ = built_symbols_ = trie_->text().SlotCount();
     RankPairsOfBuild();
 }
@@ -65,15 +66,16 @@ void WordListView::Rebuild() {
     const bool cut_again = CutAtOverlaps();
     trie_.reset();
     std::optional<SuffixArray> suffixes;
+    OverlappingWords overlaps;
     if (cut_again) {
         const JoinedRules joined = JoinRules(rules);
         const ProgressFn poll = [this](const std::string&, float) { return poll_ && poll_(0); };
         ProgressMeter meter(poll, "", SuffixArrayUnits(joined.symbols.size()) + static_cast<double>(joined.length));
         rebuilt_bound_ = BoundLongWords(joined.symbols, joined.alphabet_size, kLeastShortLength, kMostShortLength,
-                                        meter, cancelled_, suffixes);
+                                        meter, cancelled_, suffixes, overlaps);
         if (rebuilt_bound_) depth = overlapping = rebuilt_bound_->short_length;
     }
-    trie_.emplace(rules, depth, poll_, overlapping, std::move(suffixes));
+    trie_.emplace(rules, depth, poll_, overlapping, std::move(suffixes), overlaps);
     symbols_ = built_symbols_ = trie_->text().SlotCount();
     keyed_.clear();
     moved_.clear();

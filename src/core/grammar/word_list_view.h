@@ -33,11 +33,11 @@ class WordListView {
     };
     enum class Rank { kWanted, kUnneeded };
 
-    // The words of up to `max_depth` symbols of the rules; `poll`, `longest_overlapping` and
-    // `suffixes` as the trie's.
+    // The words of up to `max_depth` symbols of the rules; `poll`, `longest_overlapping`,
+    // `suffixes` and `overlapping` as the trie's.
     WordListView(std::span<const Rule> rules, int max_depth, RepeatTrie::Poll poll = {},
                  int longest_overlapping = std::numeric_limits<int>::max(),
-                 std::optional<SuffixArray> suffixes = std::nullopt);
+                 std::optional<SuffixArray> suffixes = std::nullopt, const OverlappingWords& overlapping = {});
 
     int max_depth() const { return trie_->max_depth(); }
     int longest_overlapping() const { return trie_->longest_overlapping(); }

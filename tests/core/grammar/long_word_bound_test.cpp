@@ -43,6 +43,36 @@ LongWordBound CountedOneByOne(const std::vector<std::vector<std::int32_t>>& text
     return bound;
 }
 
+// Every repeated word longer than `least_short` overlaps itself, counted the literal way, exactly
+// where the listed intervals say.
+void ExpectOverlapsAsListed(const std::vector<std::int32_t>& text, int least_short, const SuffixArray& suffixes,
+                            const OverlappingWords& overlapping) {
+    EXPECT_EQ(overlapping.listed_above, least_short);
+    for (std::size_t length = static_cast<std::size_t>(least_short) + 1; length <= text.size(); ++length) {
+        std::map<std::vector<std::int32_t>, std::vector<std::int32_t>> places;  // in suffix order
+        for (std::size_t place = 0; place < suffixes.order.size(); ++place) {
+            const auto start = static_cast<std::size_t>(suffixes.order[place]);
+            if (start + length <= text.size())
+                places[{text.begin() + static_cast<std::ptrdiff_t>(start),
+                        text.begin() + static_cast<std::ptrdiff_t>(start + length)}]
+                    .push_back(static_cast<std::int32_t>(place));
+        }
+        for (const auto& [word, at] : places) {
+            std::vector<std::int32_t> starts;
+            for (const std::int32_t place : at)
+                starts.push_back(suffixes.order[static_cast<std::size_t>(place)]);
+            std::sort(starts.begin(), starts.end());
+            bool overlaps = false;
+            for (std::size_t k = 1; k < starts.size(); ++k)
+                overlaps = overlaps || starts[k] - starts[k - 1] < static_cast<std::int32_t>(length);
+            if (starts.size() < 2) continue;
+            OverlappingWords::Cursor cursor(overlapping);
+            EXPECT_EQ(cursor.Apart(at.front(), at.back(), static_cast<int>(length)), !overlaps)
+                << "length " << length << " at " << starts.front();
+        }
+    }
+}
+
 std::vector<std::int32_t> RandomText(RandomGenerator& random, int least_length) {
     std::vector<std::int32_t> text(static_cast<std::size_t>(least_length + random.Index(50)));
     for (std::int32_t& symbol : text)
@@ -73,8 +103,9 @@ TEST(LongWordBoundTest, MatchesTheWordsOfTheTextCountedOneByOne) {
             ProgressMeter meter(none, "", 1);
             bool cancelled = true;
             std::optional<SuffixArray> suffixes;
+            OverlappingWords overlapping;
             const std::optional<LongWordBound> bound =
-                BoundLongWords(text, 4, least_short, most_short, meter, cancelled, suffixes);
+                BoundLongWords(text, 4, least_short, most_short, meter, cancelled, suffixes, overlapping);
             EXPECT_FALSE(cancelled);
             if (most_short < expected.short_length) {
                 EXPECT_FALSE(bound.has_value());
@@ -83,6 +114,7 @@ TEST(LongWordBoundTest, MatchesTheWordsOfTheTextCountedOneByOne) {
             ASSERT_TRUE(bound.has_value());
             EXPECT_EQ(bound->short_length, expected.short_length);
             EXPECT_EQ(bound->most_gain, expected.most_gain);
+            ExpectOverlapsAsListed(text, least_short, *suffixes, overlapping);
         }
     }
 }
@@ -108,8 +140,9 @@ TEST(LongWordBoundTest, ReadsJoinedRulesAsTextsApart) {
         ProgressMeter meter(none, "", 1);
         bool cancelled = true;
         std::optional<SuffixArray> suffixes;
-        const std::optional<LongWordBound> bound =
-            BoundLongWords(joined.symbols, joined.alphabet_size, least_short, 1000, meter, cancelled, suffixes);
+        OverlappingWords overlapping;
+        const std::optional<LongWordBound> bound = BoundLongWords(joined.symbols, joined.alphabet_size, least_short,
+                                                                  1000, meter, cancelled, suffixes, overlapping);
         ASSERT_TRUE(bound.has_value());
         const LongWordBound expected = CountedOneByOne(texts, least_short);
         EXPECT_EQ(bound->short_length, expected.short_length);
