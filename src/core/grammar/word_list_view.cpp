@@ -351,7 +351,9 @@ std::vector<WordListView::Keyed>& WordListView::KeyedGroup(int length) {
     KeyedCopy& copy = keyed_[length];
     const std::vector<std::int32_t>& group = trie_->Group(length);
     const std::size_t old_size = copy.words.size();
-    if (old_size == 0) copy.with_prefixes = !streaming_;
+    // A group that dropping the overlaps reordered is ranked by the search order, which reads the
+    // prefixes: they are read with the words rather than in a second pass over them.
+    if (old_size == 0) copy.with_prefixes = !streaming_ || Reordered(length);
     auto read = [&](std::size_t index) {
         if (index < copy.rank_memo.known.size()) copy.rank_memo.known[index] = RankMemo::Known{};
         const Keyed& word = copy.words[index] = ReadKeyed(group[index], copy.with_prefixes);
