@@ -1,5 +1,7 @@
 #include "common/open_hash_map.h"
 
+#include <algorithm>
+
 namespace tessarin {
 namespace {
 
@@ -38,6 +40,11 @@ void OpenHashMap::Erase(std::uint64_t key) {
         hole = at;
     }
     entries_[hole] = Entry{};
+}
+
+void OpenHashMap::Clear() {
+    std::fill(entries_.begin(), entries_.end(), Entry{});
+    size_ = 0;
 }
 
 void OpenHashMap::Reserve(std::size_t count) {

@@ -24,6 +24,8 @@ class OpenHashMap {
     // Room for `count` keys without growing, so that a table of millions is not built twice over.
     void Reserve(std::size_t count);
     void Erase(std::uint64_t key);
+    // Empties the map and keeps its table.
+    void Clear();
 
   private:
     // The key in two halves leaves the entry without padding: 12 bytes instead of 16, on a table

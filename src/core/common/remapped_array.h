@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <new>
 #include <type_traits>
+#include <utility>
 
 namespace tessarin {
 
@@ -19,6 +20,16 @@ class RemappedArray {
     RemappedArray() = default;
     RemappedArray(const RemappedArray&) = delete;
     RemappedArray& operator=(const RemappedArray&) = delete;
+    RemappedArray(RemappedArray&& other) noexcept
+        : data_(std::exchange(other.data_, nullptr)),
+          size_(std::exchange(other.size_, 0)),
+          capacity_(std::exchange(other.capacity_, 0)) {}
+    RemappedArray& operator=(RemappedArray&& other) noexcept {
+        std::swap(data_, other.data_);
+        std::swap(size_, other.size_);
+        std::swap(capacity_, other.capacity_);
+        return *this;
+    }
     ~RemappedArray() { std::free(data_); }
 
     std::size_t size() const { return size_; }
@@ -30,6 +41,8 @@ class RemappedArray {
         new (data_ + size_) T(value);
         ++size_;
     }
+    // Keeps the room, and the pages behind it.
+    void clear() { size_ = 0; }
 
   private:
     void Grow() {

@@ -18,8 +18,19 @@ void ListByLength(RepeatTrie::NodesByLength& lists, int length, std::int32_t nod
 }  // namespace
 
 RepeatTrie::RepeatTrie(std::span<const Rule> rules, int max_depth, Poll poll, int longest_overlapping,
-                       std::optional<SuffixArray> suffixes, const OverlappingWords& overlapping)
-    : text_(rules), max_depth_(max_depth), longest_overlapping_(longest_overlapping), poll_(std::move(poll)) {
+                       std::optional<SuffixArray> suffixes, const OverlappingWords& overlapping, Tables tables)
+    : text_(rules),
+      max_depth_(max_depth),
+      longest_overlapping_(longest_overlapping),
+      poll_(std::move(poll)),
+      nodes_(std::move(tables.nodes)),
+      stretch_tops_(std::move(tables.stretch_tops)),
+      children_(std::move(tables.children)),
+      slots_(std::move(tables.slots)) {
+    nodes_.clear();
+    stretch_tops_.clear();
+    children_.Clear();
+    slots_.clear();
     const std::int32_t slots = text_.SlotCount();
     // Almost every slot ends its path in a leaf of the child table, and the words that repeat add
     // some more entries: room for a quarter more than the slots spares rebuilding a table of millions.
@@ -30,6 +41,10 @@ RepeatTrie::RepeatTrie(std::span<const Rule> rules, int max_depth, Poll poll, in
     scanned_ = 0;
     AttachBySuffixes(rules, std::move(suffixes), overlapping);
     scanned_ = -1;
+}
+
+RepeatTrie::Tables RepeatTrie::LetGoOfTables() {
+    return Tables{std::move(nodes_), std::move(stretch_tops_), std::move(children_), std::move(slots_)};
 }
 
 // New slots start unattached: no path, no leaf, listed at no node.

@@ -33,10 +33,13 @@ class RepeatTrie {
     // No word of more than `longest_overlapping` symbols has two occurrences that overlap, as the
     // caller may know from the sequence the rules stand for: such words keep every occurrence.
     // `suffixes`, where the caller has them, are the sorted suffixes of JoinRules(rules), and
-    // `overlapping` what was read off them of the words that overlap themselves.
+    // `overlapping` what was read off them of the words that overlap themselves. `tables` are the
+    // ones an earlier trie let go of, to be written over.
+    struct Tables;
     RepeatTrie(std::span<const Rule> rules, int max_depth, Poll poll = {},
                int longest_overlapping = std::numeric_limits<int>::max(),
-               std::optional<SuffixArray> suffixes = std::nullopt, const OverlappingWords& overlapping = {});
+               std::optional<SuffixArray> suffixes = std::nullopt, const OverlappingWords& overlapping = {},
+               Tables tables = {});
 
     int max_depth() const { return max_depth_; }
     // The poll answered true: the trie is left half built or half updated and must be dropped.
@@ -272,6 +275,21 @@ class RepeatTrie {
     // The slots of every occurrence of the word, in no order.
     void Occurrences(std::int32_t node, std::vector<std::int32_t>& slots) const;
 
+  public:
+    // The trie's largest tables, handed on to the trie built next for the same rules after more
+    // replacements, which is never larger: it writes over pages already mapped, where asking the
+    // system for hundreds of megabytes afresh cost Maximum Gain's first passes on a genome 2.4
+    // million page faults.
+    struct Tables {
+        RemappedArray<Node> nodes;
+        RemappedArray<std::int32_t> stretch_tops;
+        OpenHashMap children;
+        RemappedArray<SlotState> slots;
+    };
+    // Leaves the trie without its tables; it is only to be dropped after this.
+    Tables LetGoOfTables();
+
+  private:
     static constexpr std::uint64_t kStepsPerPoll = 1 << 16;
     // A replacement that cuts more nodes off paths than the text has slots, on paths all over the
     // trie (more than a sixteenth of the slots), leaves the trie to be built again: each node cut

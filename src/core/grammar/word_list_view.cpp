@@ -64,6 +64,7 @@ void WordListView::Rebuild() {
     int depth = max_depth();
     int overlapping = longest_overlapping();
     const bool cut_again = CutAtOverlaps();
+    RepeatTrie::Tables tables = trie_->LetGoOfTables();
     trie_.reset();
     std::optional<SuffixArray> suffixes;
     OverlappingWords overlaps;
@@ -75,7 +76,7 @@ void WordListView::Rebuild() {
                                         meter, cancelled_, suffixes, overlaps);
         if (rebuilt_bound_) depth = overlapping = rebuilt_bound_->short_length;
     }
-    trie_.emplace(rules, depth, poll_, overlapping, std::move(suffixes), overlaps);
+    trie_.emplace(rules, depth, poll_, overlapping, std::move(suffixes), overlaps, std::move(tables));
     symbols_ = built_symbols_ = trie_->text().SlotCount();
     keyed_.clear();
     moved_.clear();
