@@ -1,10 +1,18 @@
 #include "grammar/linked_rules.h"
 
+#include <utility>
+
 namespace tessarin {
 
 // Room for the rules to come beside the given ones, so that the first few new rules do not double
 // arrays that hold millions of slots.
-LinkedRules::LinkedRules(std::span<const Rule> rules) {
+LinkedRules::LinkedRules(std::span<const Rule> rules, LinkedRules recycled)
+    : slots_(std::move(recycled.slots_)),
+      codes_(std::move(recycled.codes_)),
+      first_slots_(std::move(recycled.first_slots_)) {
+    slots_.clear();
+    codes_.clear();
+    first_slots_.clear();
     std::size_t slots = 0;
     for (const Rule& rule : rules)
         slots += rule.symbols.size();

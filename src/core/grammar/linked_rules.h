@@ -15,7 +15,9 @@ namespace tessarin {
 // a new rule's come after all others, so comparing numbers compares places in the grammar.
 class LinkedRules {
   public:
-    explicit LinkedRules(std::span<const Rule> rules);
+    LinkedRules() = default;
+    // `recycled`: rules let go of, whose room is written over.
+    explicit LinkedRules(std::span<const Rule> rules, LinkedRules recycled = {});
 
     std::int32_t SlotCount() const { return static_cast<std::int32_t>(slots_.size()); }
     std::int32_t Symbol(std::int32_t slot) const { return slots_[slot].symbol; }

@@ -19,7 +19,7 @@ void ListByLength(RepeatTrie::NodesByLength& lists, int length, std::int32_t nod
 
 RepeatTrie::RepeatTrie(std::span<const Rule> rules, int max_depth, Poll poll, int longest_overlapping,
                        std::optional<SuffixArray> suffixes, const OverlappingWords& overlapping, Tables tables)
-    : text_(rules),
+    : text_(rules, std::move(tables.text)),
       max_depth_(max_depth),
       longest_overlapping_(longest_overlapping),
       poll_(std::move(poll)),
@@ -44,7 +44,8 @@ RepeatTrie::RepeatTrie(std::span<const Rule> rules, int max_depth, Poll poll, in
 }
 
 RepeatTrie::Tables RepeatTrie::LetGoOfTables() {
-    return Tables{std::move(nodes_), std::move(stretch_tops_), std::move(children_), std::move(slots_)};
+    return Tables{std::move(text_), std::move(nodes_), std::move(stretch_tops_), std::move(children_),
+                  std::move(slots_)};
 }
 
 // New slots start unattached: no path, no leaf, listed at no node.

@@ -281,6 +281,7 @@ class RepeatTrie {
     // system for hundreds of megabytes afresh cost Maximum Gain's first passes on a genome 2.4
     // million page faults.
     struct Tables {
+        LinkedRules text;
         RemappedArray<Node> nodes;
         RemappedArray<std::int32_t> stretch_tops;
         OpenHashMap children;

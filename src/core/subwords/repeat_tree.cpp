@@ -13,6 +13,10 @@ std::optional<RepeatTree> RepeatTree::Build(const SuffixArray& suffixes, Progres
 bool RepeatTree::Walk(const SuffixArray& suffixes, ProgressMeter& meter) {
     const std::span<const std::int32_t> order = suffixes.order;
     const auto n = static_cast<std::int32_t>(order.size());
+    // A tree has fewer inner nodes than the text has symbols: room for them all at once spares
+    // copying the nodes as they grow, and the pages never reached are never mapped.
+    nodes_.reserve(order.size() + 1);
+    children_.reserve(order.size());
     // Nodes are numbered as they close, children before parents; the root closes last.
     std::vector<OpenNode> open{{0, 0, 0}};
     for (std::int32_t place = 1; place <= n; ++place) {
