@@ -52,7 +52,7 @@ void OpenHashMap::Reserve(std::size_t count) {
 }
 
 void OpenHashMap::Rebuild(std::size_t size) {
-    std::vector<Entry> old(size);
+    HugePageVector<Entry> old(size);
     old.swap(entries_);
     for (const Entry& entry : old) {
         if (entry.value >= 0) entries_[Slot(entry.Key())] = entry;

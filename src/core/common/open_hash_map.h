@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <vector>
 
+#include "common/huge_pages.h"
+
 namespace tessarin {
 
 // A map from 64-bit keys to non-negative 32-bit values: open addressing with linear probing, at
@@ -52,7 +54,7 @@ class OpenHashMap {
     // More than three quarters full: probe runs would grow long.
     bool Crowded(std::size_t count) const { return 4 * count > 3 * entries_.size(); }
 
-    std::vector<Entry> entries_;
+    HugePageVector<Entry> entries_;
     std::size_t size_ = 0;
 };
 

@@ -6,6 +6,8 @@
 #include <type_traits>
 #include <utility>
 
+#include "common/huge_pages.h"
+
 namespace tessarin {
 
 // A growing array of trivially copyable values, for tables of tens of millions of entries. It
@@ -52,6 +54,7 @@ class RemappedArray {
         if (grown == nullptr) throw std::bad_alloc();
         data_ = static_cast<T*>(grown);
         capacity_ = capacity;
+        AdviseHugePages(data_, capacity * sizeof(T));
     }
 
     T* data_ = nullptr;

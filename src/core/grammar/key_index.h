@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <vector>
 
+#include "common/huge_pages.h"
+
 namespace tessarin {
 
 // The 64-bit keys of a group's copy, one per place, with what a pick asks of them: the places
@@ -34,11 +36,11 @@ class KeyIndex {
     // The places of `range` whose key is `key`, in no order, in `tied`; answers how many are greater.
     std::size_t TiedInRange(std::size_t range, std::uint64_t key, std::vector<std::uint32_t>& tied) const;
 
-    std::vector<std::uint64_t> keys_;
+    HugePageVector<std::uint64_t> keys_;
     // The least key of each range, falling from range to range, the last 0; empty while not filed.
     std::vector<std::uint64_t> floors_;
     std::vector<std::vector<std::uint32_t>> ranges_;
-    std::vector<std::uint32_t> slot_in_range_;  // per place
+    HugePageVector<std::uint32_t> slot_in_range_;  // per place
     std::size_t refile_above_ = 0;              // a range grown past this many places calls for a new filing
 };
 

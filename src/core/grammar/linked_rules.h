@@ -5,6 +5,7 @@
 #include <span>
 #include <vector>
 
+#include "common/huge_pages.h"
 #include "grammar/grammar.h"
 
 namespace tessarin {
@@ -45,7 +46,7 @@ class LinkedRules {
         std::int32_t prev;
     };
 
-    std::vector<Slot> slots_;
+    HugePageVector<Slot> slots_;
     std::vector<std::int32_t> codes_;        // per rule
     std::vector<std::int32_t> first_slots_;  // per rule
 };

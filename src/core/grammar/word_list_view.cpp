@@ -279,7 +279,7 @@ std::optional<WordListView::Entry> WordListView::EntryAtEnds(int length, int off
 }
 
 void WordListView::SortGroup(int length, GroupOrder& order) {
-    std::vector<Keyed> search = KeptGroup(length, Prefixes::kWanted);
+    KeyedWords search = KeptGroup(length, Prefixes::kWanted);
     std::sort(search.begin(), search.end(), [this](const Keyed& a, const Keyed& b) { return SearchBefore(a, b); });
     std::vector<std::int32_t> by_kept(search.size());
     std::iota(by_kept.begin(), by_kept.end(), 0);
@@ -343,7 +343,7 @@ void WordListView::ReadPrefixes(Keyed& word) {
     if (levels == Keyed::kLevels && trie_->Depth(word.node) - levels > 2) word.beyond = trie_->Parent(prefix);
 }
 
-std::vector<WordListView::Keyed>& WordListView::KeyedGroup(int length) {
+WordListView::KeyedWords& WordListView::KeyedGroup(int length) {
     if (streaming_ && length != streamed_length_) {
         LetGo(streamed_length_);
         streamed_length_ = length;
@@ -426,8 +426,8 @@ void WordListView::FileMoved(KeyedCopy& copy, std::size_t index) {
 }
 
 // The copy with every kept count worked out, which then stay worked out until a count changes.
-std::vector<WordListView::Keyed>& WordListView::KeptGroup(int length, Prefixes prefixes) {
-    std::vector<Keyed>& words = KeyedGroup(length);
+WordListView::KeyedWords& WordListView::KeptGroup(int length, Prefixes prefixes) {
+    KeyedWords& words = KeyedGroup(length);
     KeyedCopy& copy = keyed_[length];
     if (prefixes == Prefixes::kWanted && !copy.with_prefixes) {
         // Filed afresh: ranges drawn on the counts alone would hold the finer keys unevenly.
@@ -533,7 +533,7 @@ void WordListView::MarkStale(std::int32_t node, int levels_below) {
     // A word that joined its group since the copy was read has a place the copy holds another
     // word at, or none yet: the place is read again either way.
     if (depth < keyed_.size() && index >= 0) {
-        std::vector<Keyed>& words = keyed_[depth].words;
+        KeyedWords& words = keyed_[depth].words;
         if (static_cast<std::size_t>(index) < words.size() && words[static_cast<std::size_t>(index)].node == node)
             words[static_cast<std::size_t>(index)].node = -1;
         MarkPlaceStale(static_cast<int>(depth), index);
@@ -555,13 +555,13 @@ void WordListView::MarkStale(std::int32_t node, int levels_below) {
 // small share of a large group, and only comparisons between those can walk the trie. Its rank is
 // left to SearchRank.
 WordListView::Placed WordListView::Select(int length, int offset) {
-    const std::vector<Keyed>& words = KeptGroup(length, Prefixes::kWanted);
+    const KeyedWords& words = KeptGroup(length, Prefixes::kWanted);
     const auto before = static_cast<std::ptrdiff_t>(
         keyed_[length].list_keys.TiedWithNth(static_cast<std::size_t>(offset), tied_, select_room_));
     return Placed{offset, words[NthTiedInList(words, static_cast<std::size_t>(offset - before))].node, 0};
 }
 
-std::uint32_t WordListView::NthTiedInList(const std::vector<Keyed>& words, std::size_t k) {
+std::uint32_t WordListView::NthTiedInList(const KeyedWords& words, std::size_t k) {
     // Where walks run long, each word's top, read once, settles most of the comparisons.
     if (!UseTops()) {
         k = NarrowByThirdPrefix(words, k, false);
@@ -583,7 +583,7 @@ std::uint32_t WordListView::NthTiedInList(const std::vector<Keyed>& words, std::
 // words tied on the key, a tally of those counts finds the words that tie with the k-th on it too,
 // and the comparisons that walk the trie are left to them alone. About a fifth of the words tied
 // in a pick under Longest First on a genome; a key that saturates leaves them all.
-std::size_t WordListView::NarrowByThirdPrefix(const std::vector<Keyed>& words, std::size_t k, bool at_ends) {
+std::size_t WordListView::NarrowByThirdPrefix(const KeyedWords& words, std::size_t k, bool at_ends) {
     if (tied_.size() <= 2 || (!at_ends && (k == 0 || k + 1 == tied_.size()))) return k;
     // Such counts are small, and most tied words share a few: the k-th is found by counting them.
     constexpr std::uint32_t kCounted = 256;
@@ -642,7 +642,7 @@ bool WordListView::SearchBefore(const Keyed& a, std::uint64_t top_a, const Keyed
 // the words tied with it there, by comparison.
 std::int32_t WordListView::SearchRank(int length, const Placed& placed) {
     if (!Reordered(length)) return placed.offset + 1;
-    const std::vector<Keyed>& words = KeptGroup(length, Prefixes::kWanted);
+    const KeyedWords& words = KeptGroup(length, Prefixes::kWanted);
     KeyIndex& keys = keyed_[length].search_keys;
     const auto chosen = static_cast<std::size_t>(trie_->GroupIndex(placed.node));
     auto rank = static_cast<std::int32_t>(1 + keys.Tied(keys[chosen], tied_));
@@ -657,7 +657,7 @@ std::int32_t WordListView::SearchRank(int length, const Placed& placed) {
 
 // A top is a few trips to memory, the word's copy, its node and its remembered top first: those
 // of the words some places on are asked for ahead, so that the trips overlap.
-void WordListView::ReadTiedTops(const std::vector<Keyed>& words) {
+void WordListView::ReadTiedTops(const KeyedWords& words) {
     constexpr std::size_t kAhead = 8;
     tied_tops_.clear();
     for (std::size_t at = 0; at < tied_.size(); ++at) {
@@ -668,7 +668,7 @@ void WordListView::ReadTiedTops(const std::vector<Keyed>& words) {
 }
 
 std::int32_t WordListView::TiedBeforeRemembered(KeyedCopy& copy, std::size_t chosen) {
-    const std::vector<Keyed>& words = copy.words;
+    const KeyedWords& words = copy.words;
     const Keyed& ranked = words[chosen];
     RankMemo& memo = copy.rank_memo;
     const std::int32_t beyond_count = ranked.beyond >= 0 ? trie_->Count(ranked.beyond) : -1;
@@ -797,7 +797,7 @@ WordListView::Entry WordListView::At(int position, Rank rank) {
 // count, where picking the word out would compare it with all of them.
 std::optional<WordListView::Entry> WordListView::EntryFromCounts(int length, int offset, Rank rank) {
     GroupOrder& order = Order(length);
-    std::vector<Keyed>& words = KeptGroup(length);
+    KeyedWords& words = KeptGroup(length);
     if (!order.moved_listed) {
         order.moved_listed = true;
         order.moved.clear();
@@ -859,7 +859,7 @@ std::int32_t WordListView::MovedRank(int length, Moved& word) {
 
 std::int32_t WordListView::UnmovedBefore(int length, GroupOrder& order, Moved& word) {
     if (word.unmoved_before < 0) {
-        const std::vector<Keyed>& words = keyed_[length].words;
+        const KeyedWords& words = keyed_[length].words;
         word.unmoved_before = MovedRank(length, word) - 1;
         for (const Moved& other : order.moved) {
             if (&other != &word && SearchBefore(words[other.index], words[word.index])) --word.unmoved_before;

@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "common/huge_pages.h"
 #include "grammar/grammar.h"
 #include "grammar/key_index.h"
 #include "grammar/long_word_bound.h"
@@ -113,6 +114,7 @@ class WordListView {
 
         std::int32_t Count() const { return static_cast<std::int32_t>(counts[0] >> 32); }
     };
+    using KeyedWords = HugePageVector<Keyed>;
     // What the search rank of one word found about the words tied with it on every copied count,
     // kept from pass to pass where the first prefixes past the copied ones told the two apart by
     // their counts: Longest First asks a moved word's rank among hundreds of such words pass after
@@ -133,7 +135,7 @@ class WordListView {
     // A group's copy, kept up to date place by place: a pass changes a few words of a group of
     // thousands, and reading it all again before each pick cost as much as the pick.
     struct KeyedCopy {
-        std::vector<Keyed> words;
+        KeyedWords words;
         // Whether the words' prefixes are copied too. The walk of passes that change counts all
         // over reads most groups for their kept counts alone, and each prefix is one more trip to
         // memory; only a pick among tied words or a search rank needs them, and then reads them all.
@@ -206,7 +208,7 @@ class WordListView {
     // ties the words whose stretches reach 2 symbols, which are ordered by symbols there.
     std::uint64_t TopKey(std::int32_t node);
     // The top key of each word of tied_, with its place, in tied_tops_.
-    void ReadTiedTops(const std::vector<Keyed>& words);
+    void ReadTiedTops(const KeyedWords& words);
     // SearchBefore, the top keys compared once the copied counts tie.
     bool SearchBefore(const Keyed& a, std::uint64_t top_a, const Keyed& b, std::uint64_t top_b);
     bool ListBefore(const Keyed& a, const Keyed& b);
@@ -234,13 +236,13 @@ class WordListView {
     // Notes a place of a copied group to be read again.
     void MarkPlaceStale(int length, std::int32_t index);
     // The group's words with their counts, in the trie's order of the group.
-    std::vector<Keyed>& KeyedGroup(int length);
+    KeyedWords& KeyedGroup(int length);
     // The kept count of the word at a place of the copy, worked out if it is not yet.
     std::int32_t KeptAt(KeyedCopy& copy, std::size_t index);
     // Lists the place among the moved ones or takes it off, as its word now stands.
     static void FileMoved(KeyedCopy& copy, std::size_t index);
     enum class Prefixes { kUnneeded, kWanted };
-    std::vector<Keyed>& KeptGroup(int length, Prefixes prefixes = Prefixes::kUnneeded);
+    KeyedWords& KeptGroup(int length, Prefixes prefixes = Prefixes::kUnneeded);
     // Replaces the occurrences of a word of `length` symbols at `starts` by `code`; answers the change of K_G.
     std::int64_t Replace(const std::vector<std::int32_t>& starts, int length, std::int32_t code);
     // Takes in the words whose counts the last build or rule changed.
@@ -249,10 +251,10 @@ class WordListView {
     void MarkStale(std::int32_t node, int levels_below);
     Placed Select(int length, int offset);
     // The place of the k-th of the places in tied_ in list order; tied_ may be reordered.
-    std::uint32_t NthTiedInList(const std::vector<Keyed>& words, std::size_t k);
+    std::uint32_t NthTiedInList(const KeyedWords& words, std::size_t k);
     // Leaves in tied_ only the places that tie with the k-th on the copied counts; answers its
     // index among them. The first and the last are left to one pass over all unless `at_ends`.
-    std::size_t NarrowByThirdPrefix(const std::vector<Keyed>& words, std::size_t k, bool at_ends);
+    std::size_t NarrowByThirdPrefix(const KeyedWords& words, std::size_t k, bool at_ends);
     // The entry at a place of a trie group, from the kept counts and the moved words alone;
     // nothing where the group has too many moved words or the keys do not tell the counts.
     std::optional<Entry> EntryFromCounts(int length, int offset, Rank rank);
