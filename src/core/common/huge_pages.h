@@ -18,7 +18,7 @@ namespace tessarin {
 // would hold them mostly empty.
 inline constexpr std::size_t kHugePageBytes = std::size_t{2} << 20;
 
-// Asks for huge pages for the whole pages of a block that are not touched yet.
+// Asks for huge pages for a block; only its pages not touched yet can get them.
 inline void AdviseHugePages([[maybe_unused]] void* data, [[maybe_unused]] std::size_t bytes) {
 #if defined(__linux__) && defined(MADV_HUGEPAGE)
     if (bytes < kHugePageBytes) return;

@@ -41,7 +41,7 @@ class KeyIndex {
     std::vector<std::uint64_t> floors_;
     std::vector<std::vector<std::uint32_t>> ranges_;
     HugePageVector<std::uint32_t> slot_in_range_;  // per place
-    std::size_t refile_above_ = 0;              // a range grown past this many places calls for a new filing
+    std::size_t refile_above_ = 0;                 // a range grown past this many places calls for a new filing
 };
 
 }  // namespace tessarin

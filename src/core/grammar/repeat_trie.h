@@ -277,7 +277,7 @@ class RepeatTrie {
 
   public:
     // The trie's largest tables, handed on to the trie built next for the same rules after more
-    // replacements, which is never larger: it writes over pages already mapped, where asking the
+    // replacements, which is no larger: it writes over pages already mapped, where asking the
     // system for hundreds of megabytes afresh cost Maximum Gain's first passes on a genome 2.4
     // million page faults.
     struct Tables {
