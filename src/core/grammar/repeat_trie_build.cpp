@@ -42,12 +42,53 @@ void RepeatTrie::AttachBySuffixes(std::span<const Rule> rules, std::optional<Suf
     const std::vector<std::int32_t>& common = suffixes->common;
     const auto places = static_cast<std::int32_t>(order.size());
 
+    // A word keeps every occurrence unless two of them overlap, one starting a period after the
+    // other: the text there runs on with that period past the word's end. The sweep meets every
+    // such stretch, as a node or as the rest of a suffix, and marks the words on its path that it
+    // makes overlap; a word left unmarked keeps its count, which spares the walk after the build
+    // working its kept count out from the child table or the occurrences. A mark covers a range of
+    // the path, noted at its deepest word and handed up as words close, so that it costs the same
+    // however long the range.
+    constexpr int kMostBorders = 4;
+    // How far the text is read past the path for a period; a stretch going on further is taken to
+    // go on as far as it matters, which marks no word wrongly, only leaves one to be worked out.
+    constexpr int kMostRead = 64;
     struct Open {
         std::int32_t node;
-        std::int32_t first;     // the first suffix in sorted order below it
-        std::int32_t min_slot;  // the least slot below it so far
+        std::int32_t first;                              // the first suffix in sorted order below it
+        std::int32_t min_slot;                           // the least slot below it so far
+        std::array<std::int32_t, kMostBorders> borders;  // longest first
+        int border_count;                                // -1: more, or not all known
+        int marked_from;                                 // the least depth of a mark that reaches this deep on the path
     };
     std::vector<Open> open;  // the nodes of the current path, by depth
+    auto mark = [&open](int least, int most) {
+        if (least > most) return;
+        int& from = open[static_cast<std::size_t>(most - 1)].marked_from;
+        from = std::min(from, least);
+    };
+    // Marks the words on the path that overlap within a stretch of text that starts at `slot`
+    // with the path's first `length` symbols and has the given borders: a border b leaves the
+    // period length - b, and each word longer than the period and at least a period shorter than
+    // the stretch occurs again a period after the slot. Up to `rest` symbols from the slot, the
+    // stretch runs on as far as the text keeps the period. Borders not all known leave every
+    // word that could overlap so marked.
+    auto mark_overlaps = [&](const Open& stretch, int length, std::int32_t slot, std::int32_t rest) {
+        const int deepest = std::min(length, static_cast<int>(open.size()));
+        if (stretch.border_count < 0) {
+            mark(2, deepest);
+            return;
+        }
+        for (int k = 0; k < stretch.border_count; ++k) {
+            const int period = length - stretch.borders[static_cast<std::size_t>(k)];
+            int further = 0;
+            while (further < period && length + further < rest &&
+                   text_.Symbol(slot + length + further) == text_.Symbol(slot + length + further - period)) {
+                if (++further == kMostRead) further = period;
+            }
+            mark(period + 1, std::min(deepest, length + further - period));
+        }
+    };
     OverlappingWords::Cursor overlaps(overlapping);
     std::int32_t common_before = 0;
     // The symbols from each suffix to the end of its rule, found once for it and its neighbour.
@@ -73,8 +114,12 @@ void RepeatTrie::AttachBySuffixes(std::span<const Rule> rules, std::optional<Suf
             const std::int32_t ahead = joined.SlotAt(order[i + kAhead]);
             if (ahead < slot_count) {
                 PrefetchSlot(ahead);
+                // The first symbol, which the border of each new node is checked against.
+                text_.Prefetch(ahead);
                 const std::int32_t common_ahead = std::max(common[i + kAhead], common[i + kAhead + 1]);
                 text_.Prefetch(std::min(ahead + std::min(common_ahead, max_depth_), slot_count - 1));
+                if (common[i + kAhead + 1] > common[i + kAhead])
+                    text_.Prefetch(std::min(ahead + std::min(common[i + kAhead], max_depth_), slot_count - 1));
             }
         }
         const std::int32_t place = order[i];
@@ -91,21 +136,42 @@ void RepeatTrie::AttachBySuffixes(std::span<const Rule> rules, std::optional<Suf
             Step();
             const std::int32_t parent = open.empty() ? kRoot : open.back().node;
             const auto length = static_cast<std::int32_t>(open.size());
-            const std::int32_t node = NewNode(parent, text_.Symbol(slot + length));
-            nodes_[node].border = BorderOfNew(node, slot);
+            const std::int32_t symbol = text_.Symbol(slot + length);
+            const std::int32_t node = NewNode(parent, symbol);
+            const std::int8_t border = BorderOfNew(node, slot);
+            nodes_[node].border = border;
             JoinGroup(node);
-            open.push_back(Open{node, i, std::numeric_limits<std::int32_t>::max()});
+            Open opened{node, i, std::numeric_limits<std::int32_t>::max(), {}, 0, std::numeric_limits<int>::max()};
+            // The borders of a border are the shorter borders, and a border's border is that of
+            // the prefix of its length, which lies on the path.
+            for (std::int32_t b = border; b != 0;) {
+                if (b == kUnknown || b == kLongBorder || opened.border_count == kMostBorders) {
+                    opened.border_count = -1;
+                    break;
+                }
+                opened.borders[static_cast<std::size_t>(opened.border_count++)] = b;
+                b = nodes_[open[static_cast<std::size_t>(b - 1)].node].border;
+            }
+            mark_overlaps(opened, length + 1, slot, length + 1);
+            open.push_back(opened);
         }
         const std::int32_t at = depth == 0 ? kRoot : open.back().node;
         EndPath(slot, at, depth == 0 ? -1 : slot + depth - 1);
         if (depth < max_depth_ && depth < rest) file_leaf(at, text_.Symbol(slot + depth), slot);
+        // The stretch from this suffix on: only here is the text past the path's end read.
+        if (depth > 0 && depth < rest) mark_overlaps(open.back(), depth, slot, rest);
         if (depth > 0) open.back().min_slot = std::min(open.back().min_slot, slot);
         while (static_cast<std::int32_t>(open.size()) > common_after) {
             const Open closed = open.back();
-            nodes_[closed.node].apart = overlaps.Apart(closed.first, i, static_cast<int>(open.size()));
+            const auto closed_depth = static_cast<int>(open.size());
+            nodes_[closed.node].apart = overlaps.Apart(closed.first, i, closed_depth);
             open.pop_back();
+            if (!open.empty() && closed.marked_from < closed_depth)
+                open.back().marked_from = std::min(open.back().marked_from, closed.marked_from);
             nodes_[closed.node].count = i + 1 - closed.first;
             nodes_[closed.node].first_occurrence = closed.min_slot;
+            if (closed.border_count > 0 && closed.marked_from > closed_depth && !nodes_[closed.node].run)
+                nodes_[closed.node].kept = nodes_[closed.node].count;
             CountSettled(closed.node);
             if (!open.empty()) open.back().min_slot = std::min(open.back().min_slot, closed.min_slot);
         }

@@ -68,6 +68,56 @@ std::vector<std::int32_t> PlantedText(RandomGenerator& random) {
     return symbols;
 }
 
+// The occurrences that a left-to-right pass keeps, each starting past the end of the last one kept.
+std::int32_t LiteralKept(const std::vector<Rule>& rules, const std::vector<std::int32_t>& word) {
+    std::int32_t kept = 0;
+    for (const Rule& rule : rules) {
+        std::size_t free_from = 0;
+        for (std::size_t at = 0; at + word.size() <= rule.symbols.size(); ++at) {
+            if (at >= free_from && std::equal(word.begin(), word.end(), rule.symbols.begin() + at)) {
+                ++kept;
+                free_from = at + word.size();
+            }
+        }
+    }
+    return kept;
+}
+
+// Periodic stretches, runs and borders of every kind in a few rules, with and without a cut: the
+// build settles the kept counts of most words itself, and every one must be what a literal pass
+// keeps.
+TEST(RepeatTrieTest, KnowsEveryWordsKeptCount) {
+    RandomGenerator random(77);
+    for (int text = 0; text < 24; ++text) {
+        std::vector<Rule> rules;
+        const int rule_count = random.Index(3);
+        for (int rule = 0; rule < rule_count; ++rule) {
+            std::vector<std::int32_t> symbols;
+            const int letters = random.Index(3);
+            while (symbols.size() < 150) {
+                const int period = random.Index(6);
+                const int repeats = random.Index(5);
+                std::vector<std::int32_t> unit;
+                for (int k = 0; k < period; ++k)
+                    unit.push_back(random.Index(letters));
+                for (int k = 0; k < repeats; ++k)
+                    symbols.insert(symbols.end(), unit.begin(), unit.end());
+            }
+            rules.push_back(Rule{rule == 0 ? 0 : 100 + rule, symbols});
+        }
+        const int depth = random.Index(2) == 1 ? 8 : std::numeric_limits<int>::max();
+        RepeatTrie trie(rules, depth);
+        for (int length = 2; length <= trie.GroupCount(); ++length) {
+            for (const std::int32_t node : trie.Group(length)) {
+                std::vector<std::int32_t> word;
+                for (std::int32_t at = node; trie.Depth(at) > 0; at = trie.Parent(at))
+                    word.insert(word.begin(), trie.Symbol(at));
+                ASSERT_EQ(trie.Kept(node), LiteralKept(rules, word)) << "text " << text << " length " << length;
+            }
+        }
+    }
+}
+
 // Words picked at random, short and long, replaced pass after pass: counts fall all over and
 // rise where the new symbols repeat, and the texts are long enough for some replacements to
 // leave the trie to be built again. The ranges are asked for every other pass or so, so that
