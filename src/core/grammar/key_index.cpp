@@ -13,6 +13,14 @@ constexpr std::size_t kPlacesPerRange = 256;
 
 }  // namespace
 
+void KeyIndex::Clear() {
+    keys_.clear();
+    floors_.clear();
+    ranges_.clear();
+    slot_in_range_.clear();
+    refile_above_ = 0;
+}
+
 void KeyIndex::Resize(std::size_t size) {
     if (Filed()) {
         for (std::size_t place = size; place < keys_.size(); ++place)

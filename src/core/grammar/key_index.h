@@ -18,6 +18,8 @@ class KeyIndex {
     std::uint64_t operator[](std::size_t place) const { return keys_[place]; }
     // New places hold the key 0.
     void Resize(std::size_t size);
+    // No places, the room for them kept.
+    void Clear();
     void Set(std::size_t place, std::uint64_t key);
 
     // As the free functions of key_selection.h, but a large group's tied places come in no

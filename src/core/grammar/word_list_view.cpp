@@ -66,6 +66,11 @@ void WordListView::Rebuild() {
     const bool cut_again = CutAtOverlaps();
     RepeatTrie::Tables tables = trie_->LetGoOfTables();
     trie_.reset();
+    // The copies go before the build, which needs the room more than the walk after it.
+    keyed_.clear();
+    spare_ = KeyedCopy{};
+    moved_.clear();
+    orders_.clear();
     std::optional<SuffixArray> suffixes;
     OverlappingWords overlaps;
     if (cut_again) {
@@ -78,9 +83,6 @@ void WordListView::Rebuild() {
     }
     trie_.emplace(rules, depth, poll_, overlapping, std::move(suffixes), overlaps, std::move(tables));
     symbols_ = built_symbols_ = trie_->text().SlotCount();
-    keyed_.clear();
-    moved_.clear();
-    orders_.clear();
     streaming_ = true;
     streamed_length_ = 0;
     RankPairsOfBuild();
@@ -350,6 +352,7 @@ WordListView::KeyedWords& WordListView::KeyedGroup(int length) {
     }
     if (keyed_.size() <= static_cast<std::size_t>(length)) keyed_.resize(static_cast<std::size_t>(length) + 1);
     KeyedCopy& copy = keyed_[length];
+    if (copy.words.capacity() == 0) std::swap(copy, spare_);
     const std::vector<std::int32_t>& group = trie_->Group(length);
     const std::size_t old_size = copy.words.size();
     // A group that dropping the overlaps reordered is ranked by the search order, which reads the
@@ -480,6 +483,7 @@ void WordListView::NoteChanges() {
         if (Copied(length) && 4 * count_at(changed, length) > keyed_[length].words.size()) LetGo(length);
     }
     streaming_ = 4 * changes > words;
+    if (!streaming_) spare_ = KeyedCopy{};
     for (int length = Keyed::kLevels + 3; length <= overlapping; ++length) {
         if (!Copied(length) || keyed_[length].rank_memo.node < 0) continue;
         RankMemo& memo = keyed_[length].rank_memo;
@@ -510,8 +514,17 @@ void WordListView::NoteChanges() {
     }
 }
 
+void WordListView::Recycle(KeyedCopy&& copy) {
+    if (copy.words.capacity() <= spare_.words.capacity()) return;
+    spare_ = std::move(copy);
+    spare_.Clear();
+}
+
 void WordListView::LetGo(int length) {
-    if (static_cast<std::size_t>(length) < keyed_.size()) keyed_[length] = KeyedCopy{};
+    if (static_cast<std::size_t>(length) < keyed_.size()) {
+        if (streaming_) Recycle(std::move(keyed_[length]));
+        keyed_[length] = KeyedCopy{};
+    }
     if (static_cast<std::size_t>(length) < orders_.size()) orders_[length] = GroupOrder{};
 }
 

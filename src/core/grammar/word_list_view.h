@@ -150,6 +150,19 @@ class WordListView {
         std::vector<std::uint32_t> moved;
         std::vector<std::int32_t> moved_at;
         RankMemo rank_memo;
+
+        // Empty, as a copy not yet read, with the room kept.
+        void Clear() {
+            words.clear();
+            with_prefixes = true;
+            list_keys.Clear();
+            search_keys.Clear();
+            stale.clear();
+            unkept.clear();
+            moved.clear();
+            moved_at.clear();
+            rank_memo = RankMemo{};
+        }
     };
     // The words of a group that dropping the overlaps moved, kept up to date from the words whose
     // counts change, without a copy of the group: with the trie's greatest and least counts they
@@ -284,6 +297,7 @@ class WordListView {
     // Builds the trie afresh from its text, which a replacement changed alone, and forgets what was
     // worked out from the old one.
     void Rebuild();
+    void Recycle(KeyedCopy&& copy);
     // Whether the trie is cut at the longest word that overlaps itself, above the least cut: a
     // rebuild may then cut it shallower. A trie of every length is never cut, though the largest
     // number stands both for every length and for an overlap not known.
@@ -308,7 +322,11 @@ class WordListView {
     GroupCursor cursor_;           // the group located last, until the groups change
     std::int64_t generation_ = 0;  // grows with every rule, so cached orders expire
     std::vector<GroupOrder> orders_;
-    std::vector<KeyedCopy> keyed_;            // per length, once the group is asked about
+    std::vector<KeyedCopy> keyed_;  // per length, once the group is asked about
+    // The room of the largest copy let go while streaming, for the next copy read whole: a walk
+    // after a build reads the groups one after another, and fresh room for each would be mapped
+    // and cleared anew.
+    KeyedCopy spare_;
     std::vector<MovedWords> moved_;           // per length
     std::vector<std::uint32_t> tied_;         // room for Select and SearchRank: places of tied words
     std::vector<std::uint64_t> select_room_;  // room for Select to select among keys
