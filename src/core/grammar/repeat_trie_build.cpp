@@ -55,11 +55,12 @@ void RepeatTrie::AttachBySuffixes(std::span<const Rule> rules, std::optional<Suf
     constexpr int kMostRead = 64;
     struct Open {
         std::int32_t node;
-        std::int32_t first;                              // the first suffix in sorted order below it
-        std::int32_t min_slot;                           // the least slot below it so far
+        std::int32_t first;     // the first suffix in sorted order below it
+        std::int32_t min_slot;  // the least slot below it so far
+        // The least depth of a mark that reaches this deep on the path.
+        int marked_from;
         std::array<std::int32_t, kMostBorders> borders;  // longest first
         int border_count;                                // -1: more, or not all known
-        int marked_from;                                 // the least depth of a mark that reaches this deep on the path
     };
     std::vector<Open> open;  // the nodes of the current path, by depth
     auto mark = [&open](int least, int most) {
@@ -141,7 +142,7 @@ void RepeatTrie::AttachBySuffixes(std::span<const Rule> rules, std::optional<Suf
             const std::int8_t border = BorderOfNew(node, slot);
             nodes_[node].border = border;
             JoinGroup(node);
-            Open opened{node, i, std::numeric_limits<std::int32_t>::max(), {}, 0, std::numeric_limits<int>::max()};
+            Open opened{node, i, std::numeric_limits<std::int32_t>::max(), std::numeric_limits<int>::max(), {}, 0};
             // The borders of a border are the shorter borders, and a border's border is that of
             // the prefix of its length, which lies on the path.
             for (std::int32_t b = border; b != 0;) {
