@@ -29,17 +29,19 @@ class PairRanking {
     std::pair<std::int32_t, std::int32_t> At(int offset) const;
 
   private:
-    struct Handles {
-        std::int32_t search = -1;
-        std::int32_t list = -1;
+    using SearchKey = std::tuple<std::int32_t, std::int32_t, std::int32_t>;              // -count, symbols
+    using ListKey = std::tuple<std::int32_t, std::int32_t, std::int32_t, std::int32_t>;  // -kept, -count, symbols
+    struct Keys {
+        SearchKey search;
+        ListKey list;
     };
 
-    RankedSet<std::tuple<std::int32_t, std::int32_t, std::int32_t>> by_search_;              // -count, symbols
-    RankedSet<std::tuple<std::int32_t, std::int32_t, std::int32_t, std::int32_t>> by_list_;  // -kept, -count, symbols
+    RankedSet<SearchKey> by_search_;
+    RankedSet<ListKey> by_list_;
     // Per pair node. A genome's trie has tens of millions of nodes and a few thousand pairs: a
-    // bit per node tells which are ranked, and only those have handles.
+    // bit per node tells which are ranked, and only those have their keys kept.
     std::vector<bool> ranked_;
-    std::unordered_map<std::int32_t, Handles> handles_;
+    std::unordered_map<std::int32_t, Keys> keys_;
     std::vector<std::int32_t> noted_;
 };
 
