@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <string>
 
 #include "support/cli_test.h"
@@ -79,6 +80,32 @@ TEST_F(CliComplexityTest, EmptyFileIsRefused) {
     const ProgramResult result = Cli("complexity " + Quoted(data_.Path("empty.txt")));
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(result.out, "");
+}
+
+// A random stretch of 50,000 symbols repeated two and a half times would need a node per symbol
+// of a copy for each of 70,000 lengths. Catches "std::bad_alloc" or a crash instead of the message,
+// a wrong exit status, and the header and summary lost from the log. The address space is limited
+// so that a run that fills the memory first ends soon; sanitizers reserve more than that limit.
+TEST_F(CliComplexityTest, TandemRepeatBeyondAnyMemoryIsRefusedWithAMessage) {
+#if defined(__SANITIZE_ADDRESS__)
+    GTEST_SKIP() << "the address sanitizer cannot run under an address-space limit";
+#endif
+    std::string unit;
+    std::uint32_t state = 12345;
+    for (int i = 0; i < 50000; ++i) {
+        state = state * 1664525U + 1013904223U;
+        unit += "ACGT"[state >> 30];
+    }
+    data_.Write("tandem.txt", unit + unit + unit.substr(0, 20000));
+    for (const char* method : {"longest", "gain"}) {
+        const ProgramResult result = testing::RunProgram(
+            "ulimit -v 1000000; " + std::string(TESSARIN_CLI) + " --program-dir " + Quoted(program_.Folder()) +
+            " complexity --method " + method + " " + Quoted(data_.Path("tandem.txt")));
+        EXPECT_EQ(result.status, 1) << method;
+        EXPECT_EQ(result.err,
+                  "Compute Grammar Complexity: Not enough memory for the grammar of a sequence of 120000 symbols\n");
+        EXPECT_NE(data_.Read("tandem.log").find("\r\nSequence Length = 120000\r\n"), std::string::npos);
+    }
 }
 
 }  // namespace

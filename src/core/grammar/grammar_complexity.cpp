@@ -1,5 +1,8 @@
 #include "grammar/grammar_complexity.h"
 
+#include <new>
+#include <stdexcept>
+
 #include "grammar/compress_grammar.h"
 #include "grammar/grammar_report.h"
 #include "grammar/verify_grammar.h"
@@ -44,8 +47,14 @@ std::optional<float> CurrentSequenceComplexity(Session& session, Method method, 
     std::size_t passes = 0;
     if (report) options.on_pass = [&](std::int64_t size) { session.host().PrintMainLine(PassLine(++passes, size)); };
     // The sequence is coded afresh for the check, so no second copy of it is held during the run.
-    const GrammarResult result =
-        CompressGrammar(Encode(sequence.alphabet, sequence.text), sequence.AlphabetSize(), method, options, progress);
+    GrammarResult result;
+    try {
+        result = CompressGrammar(Encode(sequence.alphabet, sequence.text), sequence.AlphabetSize(), method, options,
+                                 progress);
+    } catch (const std::bad_alloc&) {
+        throw std::runtime_error(std::string(kTitle) + ": Not enough memory for the grammar of a sequence of " +
+                                 std::to_string(sequence.text.size()) + " symbols");
+    }
     if (result.cancelled) return std::nullopt;
     if (report) ReportGrammar(session, result, method, sequence.alphabet);
     progress("Verifying...", 0);

@@ -1,11 +1,13 @@
 #include <algorithm>
 #include <array>
 #include <limits>
+#include <new>
 #include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "common/physical_memory.h"
 #include "grammar/joined_rules.h"
 #include "grammar/repeat_trie.h"
 #include "subwords/suffix_array.h"
@@ -15,6 +17,19 @@ namespace {
 
 // The share of the build's progress that sorting the suffixes takes.
 constexpr double kSortShare = 0.3;
+
+// The words the sweep makes nodes for, down to `max_depth`: each suffix adds those of its common
+// prefix with the one before it that are longer than the common prefix before (exact for one rule).
+std::uint64_t RepeatedWords(const std::vector<std::int32_t>& common, std::int32_t max_depth) {
+    std::uint64_t words = 0;
+    std::int32_t before = 0;
+    for (const std::int32_t shared : common) {
+        const std::int32_t now = std::min(shared, max_depth);
+        if (now > before) words += static_cast<std::uint64_t>(now - before);
+        before = now;
+    }
+    return words;
+}
 
 }  // namespace
 
@@ -41,6 +56,12 @@ void RepeatTrie::AttachBySuffixes(std::span<const Rule> rules, std::optional<Suf
     const std::vector<std::int32_t>& order = suffixes->order;
     const std::vector<std::int32_t>& common = suffixes->common;
     const auto places = static_cast<std::int32_t>(order.size());
+    // A stretch of tens of thousands of symbols repeated in copies that overlap (a tandem repeat)
+    // makes a node per symbol of a copy for every length: more than any memory holds. Such a
+    // sequence is turned away before the nodes take the memory, not after they have filled it.
+    const std::uint64_t memory = PhysicalMemory();
+    if (memory > 0 && RepeatedWords(common, max_depth_) > memory / (sizeof(Node) + 2 * sizeof(std::int32_t)))
+        throw std::bad_alloc();
 
     // A word keeps every occurrence unless two of them overlap, one starting a period after the
     // other: the text there runs on with that period past the word's end. The sweep meets every
