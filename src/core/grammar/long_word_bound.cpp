@@ -5,7 +5,6 @@
 #include <utility>
 #include <vector>
 
-#include "subwords/repeat_tree.h"
 #include "subwords/suffix_array.h"
 
 namespace tessarin {
@@ -31,39 +30,51 @@ std::optional<LongWordBound> BoundLongWords(std::span<const std::int32_t> symbol
         if (run - 1 > most_short) return std::nullopt;
     }
     suffixes = BuildSuffixArray(symbols, alphabet_size, meter);
-    std::optional<RepeatTree> tree = suffixes ? RepeatTree::Build(*suffixes, meter) : std::nullopt;
-    if (!tree) {
+    if (!suffixes) {
         cancelled = true;
         return std::nullopt;
     }
-    // Each node stands for the words up to its depth that occur at its starts; the longest of
-    // them overlaps itself wherever two starts lie closer than the depth.
+    // Each stretch of places whose common prefixes reach a depth stands for the words up to that
+    // depth that occur at its starts; the longest of them overlaps itself wherever two starts lie
+    // closer than the depth. A stack over the common prefixes meets the stretches, deepest first.
     std::int64_t budget = kStartsPerSymbol * static_cast<std::int64_t>(symbols.size());
     int longest_overlapping = 0;                        // the longest word seen with two overlapping occurrences
-    std::vector<std::pair<int, std::int64_t>> gains;    // depth and gain of each node deeper than least_short
-    std::vector<OverlappingWords::Interval> intervals;  // of the nodes whose deepest word overlaps itself
+    std::vector<std::pair<int, std::int64_t>> gains;    // depth and gain of each stretch deeper than least_short
+    std::vector<OverlappingWords::Interval> intervals;  // of the stretches whose deepest word overlaps itself
     std::vector<std::int32_t> starts;
-    std::vector<std::int32_t> to_visit{tree->Root()};
-    while (!to_visit.empty()) {
-        const std::int32_t node = to_visit.back();
-        to_visit.pop_back();
-        const std::span<const std::int32_t> children = tree->Children(node);
-        to_visit.insert(to_visit.end(), children.begin(), children.end());
-        const int depth = tree->Depth(node);
-        if (depth <= least_short) continue;
-        budget -= tree->Count(node);
-        if (budget < 0) return std::nullopt;
-        starts.assign(suffixes->order.begin() + tree->FirstPlace(node),
-                      suffixes->order.begin() + tree->LastPlace(node) + 1);
-        std::sort(starts.begin(), starts.end());
-        std::int32_t least_distance = std::numeric_limits<std::int32_t>::max();
-        for (std::size_t k = 1; k < starts.size(); ++k)
-            least_distance = std::min(least_distance, starts[k] - starts[k - 1]);
-        if (least_distance < depth) {
-            longest_overlapping = std::max(longest_overlapping, depth);
-            intervals.push_back({tree->FirstPlace(node), tree->LastPlace(node), least_distance});
+    struct Open {
+        std::int32_t depth;
+        std::int32_t first_place;
+    };
+    std::vector<Open> open{{0, 0}};
+    const auto places = static_cast<std::int32_t>(suffixes->order.size());
+    for (std::int32_t place = 1; place <= places; ++place) {
+        if (meter.Advance(1)) {
+            cancelled = true;
+            return std::nullopt;
         }
-        gains.emplace_back(depth, std::int64_t{depth - 1} * (tree->Count(node) - 1) - 1);
+        const std::int32_t common = place < places ? suffixes->common[place] : 0;
+        std::int32_t first_place = place - 1;
+        while (common < open.back().depth) {
+            const Open closed = open.back();
+            open.pop_back();
+            first_place = closed.first_place;
+            if (closed.depth <= least_short) continue;
+            const std::int32_t count = place - closed.first_place;
+            budget -= count;
+            if (budget < 0) return std::nullopt;
+            starts.assign(suffixes->order.begin() + closed.first_place, suffixes->order.begin() + place);
+            std::sort(starts.begin(), starts.end());
+            std::int32_t least_distance = std::numeric_limits<std::int32_t>::max();
+            for (std::size_t k = 1; k < starts.size(); ++k)
+                least_distance = std::min(least_distance, starts[k] - starts[k - 1]);
+            if (least_distance < closed.depth) {
+                longest_overlapping = std::max(longest_overlapping, closed.depth);
+                intervals.push_back({closed.first_place, place - 1, least_distance});
+            }
+            gains.emplace_back(closed.depth, std::int64_t{closed.depth - 1} * (count - 1) - 1);
+        }
+        if (common > open.back().depth) open.push_back({common, first_place});
     }
     LongWordBound bound;
     bound.short_length = std::max(least_short, longest_overlapping);
