@@ -4,6 +4,8 @@
 
 namespace tessarin {
 
+LinkedRules::LinkedRules(std::span<const Rule> rules) : LinkedRules(rules, LinkedRules()) {}
+
 // Room for the rules to come beside the given ones, so that the first few new rules do not double
 // arrays that hold millions of slots.
 LinkedRules::LinkedRules(std::span<const Rule> rules, LinkedRules recycled)
@@ -13,6 +15,7 @@ LinkedRules::LinkedRules(std::span<const Rule> rules, LinkedRules recycled)
     slots_.clear();
     codes_.clear();
     first_slots_.clear();
+    unbroken_ = true;
     std::size_t slots = 0;
     for (const Rule& rule : rules)
         slots += rule.symbols.size();
@@ -23,6 +26,7 @@ LinkedRules::LinkedRules(std::span<const Rule> rules, LinkedRules recycled)
 }
 
 std::int32_t LinkedRules::Advance(std::int32_t slot, int steps) const {
+    if (unbroken_) return slot + steps;
     for (int k = 0; k < steps; ++k)
         slot = slots_[slot].next;
     return slot;
@@ -30,6 +34,7 @@ std::int32_t LinkedRules::Advance(std::int32_t slot, int steps) const {
 
 void LinkedRules::Replace(std::int32_t slot, int length, std::int32_t code) {
     const std::int32_t after = slots_[Advance(slot, length - 1)].next;
+    unbroken_ = unbroken_ && length == 1;
     slots_[slot].symbol = code;
     slots_[slot].next = after;
     if (after >= 0) slots_[after].prev = slot;

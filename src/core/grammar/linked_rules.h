@@ -17,8 +17,9 @@ namespace tessarin {
 class LinkedRules {
   public:
     LinkedRules() = default;
+    explicit LinkedRules(std::span<const Rule> rules);
     // `recycled`: rules let go of, whose room is written over.
-    explicit LinkedRules(std::span<const Rule> rules, LinkedRules recycled = {});
+    LinkedRules(std::span<const Rule> rules, LinkedRules recycled);
 
     std::int32_t SlotCount() const { return static_cast<std::int32_t>(slots_.size()); }
     std::int32_t Symbol(std::int32_t slot) const { return slots_[slot].symbol; }
@@ -49,6 +50,9 @@ class LinkedRules {
     HugePageVector<Slot> slots_;
     std::vector<std::int32_t> codes_;        // per rule
     std::vector<std::int32_t> first_slots_;  // per rule
+    // No slot has gone since the rules were laid out: a slot some places on is then that many
+    // numbers on, which spares walking the links through a long word.
+    bool unbroken_ = true;
 };
 
 }  // namespace tessarin

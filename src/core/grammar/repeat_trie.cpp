@@ -701,9 +701,14 @@ bool RepeatTrie::SelfOverlaps(std::int32_t index) {
     Node& node = nodes_[index];
     if (node.border != kUnknown) return node.border > 0;
     std::vector<std::int32_t> word(static_cast<std::size_t>(node.depth));
-    for (std::int32_t at = index; at != kRoot; at = nodes_[at].parent)
+    std::vector<std::int32_t> path(word.size());
+    for (std::int32_t at = index; at != kRoot; at = nodes_[at].parent) {
         word[static_cast<std::size_t>(nodes_[at].depth - 1)] = nodes_[at].symbol;
-    // The longest border by the prefix function of Knuth, Morris and Pratt.
+        path[static_cast<std::size_t>(nodes_[at].depth - 1)] = at;
+    }
+    // The longest border of each prefix by the prefix function of Knuth, Morris and Pratt. The
+    // prefixes on the path learn theirs too: a walk that asks about a group of long words asks
+    // about their prefixes next, and each would read its word again.
     std::vector<std::int32_t> border(word.size(), 0);
     for (std::size_t i = 1; i < word.size(); ++i) {
         std::int32_t k = border[i - 1];
@@ -711,7 +716,10 @@ bool RepeatTrie::SelfOverlaps(std::int32_t index) {
             k = border[static_cast<std::size_t>(k - 1)];
         border[i] = word[i] == word[static_cast<std::size_t>(k)] ? k + 1 : k;
     }
-    nodes_[index].border = static_cast<std::int8_t>(std::min<std::int32_t>(border.back(), kLongBorder));
+    for (std::size_t i = 0; i < word.size(); ++i) {
+        if (nodes_[path[i]].border == kUnknown)
+            nodes_[path[i]].border = static_cast<std::int8_t>(std::min<std::int32_t>(border[i], kLongBorder));
+    }
     return nodes_[index].border > 0;
 }
 

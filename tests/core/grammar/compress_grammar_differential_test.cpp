@@ -130,6 +130,12 @@ std::vector<std::string> LongRepeatSequences(Method method) {
         for (int k = 0; k < count; ++k)
             texts.push_back(RepeatRichSequence(rich, 5000));
     }
+    // A tandem repeat of a 200-symbol period, longer than a border a node notes: its longest word
+    // that overlaps itself is longer than the short words may be, so the trie holds every length,
+    // and the prefixes of a word whose border is worked out learn theirs from it.
+    const std::string long_period = RandomLetters(random, 200, 4);
+    texts.push_back(RandomLetters(random, 300, 4) + long_period + long_period + long_period.substr(0, 80) +
+                    RandomLetters(random, 300, 4));
     return texts;
 }
 
