@@ -736,18 +736,63 @@ void RepeatTrie::KeptOccurrences(std::int32_t index, std::vector<std::int32_t>& 
     ends.resize(kept);
 }
 
+// A word's prefixes and continuations that occur as often occur where it does: a walk that asks
+// about a long repeat's words asks about each of them, and listing the occurrences for each would
+// cost the length of the repeat every time. The gaps between the occurrences are read once, as far
+// as the longest of them reaches, and each word keeps the occurrences at least its length apart.
+std::int32_t RepeatTrie::KeptAlongStretch(std::int32_t index) {
+    const std::int32_t count = nodes_[index].count;
+    std::int32_t top = index;
+    while (nodes_[top].parent != kRoot && nodes_[nodes_[top].parent].count == count)
+        top = nodes_[top].parent;
+    std::int32_t bottom = index;
+    for (std::int32_t child = nodes_[bottom].first_child; child >= 0;) {
+        if (nodes_[child].count == count) {
+            bottom = child;
+            child = nodes_[bottom].first_child;
+        } else {
+            child = nodes_[child].next_sibling;
+        }
+    }
+    std::vector<std::int32_t> starts;
+    Occurrences(bottom, starts);
+    std::sort(starts.begin(), starts.end());
+    // Symbols from each occurrence to the next, or `longest` where it lies that far or in another rule.
+    const int longest = nodes_[bottom].depth;
+    std::vector<int> gaps(starts.size(), longest);
+    for (std::size_t j = 0; j + 1 < starts.size(); ++j) {
+        std::int32_t slot = starts[j];
+        for (int gap = 0; gap < longest && slot >= 0; ++gap, slot = text_.Next(slot)) {
+            if (slot == starts[j + 1]) {
+                gaps[j] = gap;
+                break;
+            }
+        }
+    }
+    for (std::int32_t at = bottom;; at = nodes_[at].parent) {
+        const int length = nodes_[at].depth;
+        std::int32_t kept = 1;
+        int apart = 0;  // symbols from the last occurrence kept, as far as `longest`
+        for (std::size_t j = 0; j + 1 < starts.size(); ++j) {
+            apart = std::min(apart + gaps[j], longest);
+            if (apart >= length) {
+                ++kept;
+                apart = 0;
+            }
+        }
+        nodes_[at].kept = kept;
+        if (at == top) break;
+    }
+    return nodes_[index].kept;
+}
+
 std::int32_t RepeatTrie::Kept(std::int32_t index) {
     if (nodes_[index].depth > longest_overlapping_) return nodes_[index].count;
     const bool run = nodes_[index].run && nodes_[index].depth >= 2;
     if (!run && (nodes_[index].border == 0 || nodes_[index].apart || !SelfOverlaps(index))) return nodes_[index].count;
     if (nodes_[index].kept == kUnknown) {
         std::int32_t kept = run ? KeptOfRun(index) : KeptFromPeriods(index);
-        if (kept == kUnknown) {
-            std::vector<std::int32_t> starts;
-            std::vector<std::int32_t> ends;
-            KeptOccurrences(index, starts, ends);
-            kept = static_cast<std::int32_t>(starts.size());
-        }
+        if (kept == kUnknown) kept = KeptAlongStretch(index);
         nodes_[index].kept = kept;
     }
     return nodes_[index].kept;

@@ -270,6 +270,9 @@ class RepeatTrie {
     // Kept(node) for a run of one symbol, from the counts of longer runs; kUnknown where the trie
     // stops short of the longest.
     std::int32_t KeptOfRun(std::int32_t node);
+    // Kept(node) from the occurrences, listed once for the whole stretch of prefixes and
+    // continuations that occur as often, whose kept counts are all set.
+    std::int32_t KeptAlongStretch(std::int32_t node);
     // A slot where the word occurs, found without listing the occurrences.
     std::int32_t SomeOccurrence(std::int32_t node) const;
     // The slots of every occurrence of the word, in no order.
